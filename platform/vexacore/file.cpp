@@ -1,0 +1,79 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vexacore/file.h>
+#include <vexacore/vexacore.h>
+
+#include <boost/scope_exit.hpp>
+#include <cerrno>
+
+#include "error.h"
+
+namespace {
+
+template <typename Call>
+auto RetryOnInterrupt(Call call) {
+  auto result = call();
+  while (result < 0 && errno == EINTR) result = call();
+  return result;
+}
+
+int WriteAll(int fd, std::string_view content) {
+  while (!content.empty()) {
+    const ssize_t written =
+        RetryOnInterrupt([&] { return write(fd, content.data(), content.size()); });
+    if (written < 0) return errno;
+    content.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return 0;
+}
+
+int WriteNewFile(const std::string& path, std::string_view content) {
+  const int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
+  int fd = open(path.c_str(), flags, 0644);
+  if (fd < 0 && errno == EEXIST && unlink(path.c_str()) == 0) fd = open(path.c_str(), flags, 0644);
+  if (fd < 0) return errno;
+  const int error = WriteAll(fd, content);
+  return close(fd) == 0 || error != 0 ? error : errno;
+}
+
+}  // namespace
+
+int VLIBCFileTouch(const char* path) {
+  if (utimensat(AT_FDCWD, path, nullptr, 0) == 0) return 0;
+  if (errno != ENOENT) return VexaRecordError(errno, __FILE__, __LINE__);
+  const int fd = open(path, O_WRONLY | O_CREAT | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0644);
+  if (fd < 0) return VexaRecordError(errno, __FILE__, __LINE__);
+  close(fd);
+  return 0;
+}
+
+int VexaReadFile(const std::string& path, std::size_t maxBytes, std::string& content) {
+  const int fd = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+  if (fd < 0) return errno;
+  BOOST_SCOPE_EXIT_ALL(fd) { close(fd); };
+  struct stat info;
+  if (fstat(fd, &info) < 0) return errno;
+  if (!S_ISREG(info.st_mode)) return EINVAL;
+  const auto size = static_cast<std::size_t>(info.st_size);
+  if (size > maxBytes) return EFBIG;
+  content.resize(size);
+  std::size_t done = 0;
+  while (done < size) {
+    const ssize_t got =
+        RetryOnInterrupt([&] { return read(fd, content.data() + done, size - done); });
+    if (got < 0) return errno;
+    if (got == 0) break;
+    done += static_cast<std::size_t>(got);
+  }
+  content.resize(done);
+  return 0;
+}
+
+int VexaReplaceFile(const std::string& path, const std::string& temporaryPath,
+                    std::string_view content) {
+  int error = WriteNewFile(temporaryPath, content);
+  if (error == 0 && rename(temporaryPath.c_str(), path.c_str()) < 0) error = errno;
+  if (error != 0) unlink(temporaryPath.c_str());
+  return error;
+}

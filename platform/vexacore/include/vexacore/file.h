@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+/// For the other libraries of the platform. Neither call blocks on a FIFO or device, logs or
+/// records an error; both return 0 or an errno value.
+
+/// Reads a regular file whole into `content`, following links. EFBIG when it is longer than
+/// `maxBytes`, EINVAL when it is no regular file; `content` is then unspecified.
+int VexaReadFile(const std::string& path, std::size_t maxBytes, std::string& content);
+
+/// Makes `path` hold `content` with mode 0644 (less the umask): written to `temporaryPath`, which
+/// must be on the same filesystem and is replaced if a killed run left it, then renamed. `path`
+/// never holds a part of the content, and after a failure the temporary file is gone.
+int VexaReplaceFile(const std::string& path, const std::string& temporaryPath,
+                    std::string_view content);

@@ -1,0 +1,127 @@
+#include <archive.h>
+#include <archive_entry.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vexapkg/package_core.h>
+
+#include <algorithm>
+#include <array>
+#include <boost/scope_exit.hpp>
+#include <cerrno>
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "limits.h"
+
+namespace VEXAPackageCore {
+namespace {
+
+using ArchiveReader = std::unique_ptr<archive, decltype(&archive_read_free)>;
+
+/// The archive file under libarchive's reader. A block holds a header and, beside it, a small
+/// member; everything in between is passed over by moving `offset`, at no cost.
+struct ArchiveFile {
+  int fd;
+  std::int64_t size;
+  std::int64_t offset = 0;
+  std::array<char, 10240> block;
+};
+
+la_ssize_t ReadBlock(archive* reader, void* data, const void** buffer) {
+  auto& file = *static_cast<ArchiveFile*>(data);
+  ssize_t got;
+  do got = pread(file.fd, file.block.data(), file.block.size(), file.offset);
+  while (got < 0 && errno == EINTR);
+  if (got < 0) {
+    archive_set_error(reader, errno, "read");
+    return ARCHIVE_FATAL;
+  }
+  file.offset += got;
+  *buffer = file.block.data();
+  return got;
+}
+
+la_int64_t SkipForward(archive*, void* data, la_int64_t request) {
+  auto& file = *static_cast<ArchiveFile*>(data);
+  const std::int64_t skipped = std::clamp<std::int64_t>(request, 0, file.size - file.offset);
+  file.offset += skipped;
+  return skipped;
+}
+
+/// Null when the file can't be read, is not a regular file or is no tar archive.
+ArchiveReader OpenTar(ArchiveFile& file) {
+  ArchiveReader reader(archive_read_new(), archive_read_free);
+  if (!reader || archive_read_support_format_tar(reader.get()) != ARCHIVE_OK ||
+      archive_read_set_read_callback(reader.get(), ReadBlock) != ARCHIVE_OK ||
+      archive_read_set_skip_callback(reader.get(), SkipForward) != ARCHIVE_OK ||
+      archive_read_set_callback_data(reader.get(), &file) != ARCHIVE_OK ||
+      archive_read_open1(reader.get()) != ARCHIVE_OK)
+    reader.reset();
+  return reader;
+}
+
+/// ARCHIVE_WARN is a member whose name the locale can't show; it is a member all the same.
+bool HasMember(int result) { return result == ARCHIVE_OK || result == ARCHIVE_WARN; }
+
+/// The header of the first member of that name, or null.
+archive_entry* FindMember(archive* reader, std::string_view member) {
+  archive_entry* entry = nullptr;
+  while (HasMember(archive_read_next_header(reader, &entry))) {
+    const char* path = archive_entry_pathname(entry);
+    std::string_view name = path != nullptr ? path : "";
+    if (name.starts_with("./")) name.remove_prefix(2);
+    if (name == member) return entry;
+  }
+  return nullptr;
+}
+
+bool IsAcceptedFile(archive_entry* entry) {
+  const la_int64_t size = archive_entry_size(entry);
+  return archive_entry_filetype(entry) == AE_IFREG && archive_entry_hardlink(entry) == nullptr &&
+         size >= 0 && size <= static_cast<la_int64_t>(kMaxMemberBytes);
+}
+
+bool WriteMemberTo(archive* reader, const std::string& path) {
+  const int fd = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
+  if (fd < 0) return false;
+  const int result = archive_read_data_into_fd(reader, fd);
+  const bool written = close(fd) == 0 && HasMember(result);
+  if (!written) unlink(path.c_str());
+  return written;
+}
+
+bool ExtractMember(const std::string& archivePath, const std::string& destDir,
+                   const std::string& member) {
+  if (member.empty() || member.find('/') != std::string::npos) return false;
+  const int fd = open(archivePath.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+  if (fd < 0) return false;
+  BOOST_SCOPE_EXIT_ALL(fd) { close(fd); };
+  struct stat info;
+  if (fstat(fd, &info) < 0 || !S_ISREG(info.st_mode)) return false;
+  ArchiveFile file{fd, info.st_size, 0, {}};
+  const ArchiveReader reader = OpenTar(file);
+  if (!reader) return false;
+  archive_entry* entry = FindMember(reader.get(), member);
+  return entry != nullptr && IsAcceptedFile(entry) &&
+         WriteMemberTo(reader.get(), destDir + "/" + member);
+}
+
+}  // namespace
+
+ConfigurationService::~ConfigurationService() = default;
+ConfigurationServiceImpl::ConfigurationServiceImpl() = default;
+ConfigurationServiceImpl::~ConfigurationServiceImpl() = default;
+PackageSettingService::~PackageSettingService() = default;
+PackageSettingServiceImpl::PackageSettingServiceImpl(ConfigurationService&) {}
+PackageSettingServiceImpl::~PackageSettingServiceImpl() = default;
+PackageVpkServiceImpl::PackageVpkServiceImpl(PackageSettingService&) {}
+PackageVpkServiceImpl::~PackageVpkServiceImpl() = default;
+
+int PackageVpkServiceImpl::ExtractFile(const std::string& archivePath, const std::string& destDir,
+                                       const std::string& member) {
+  return ExtractMember(archivePath, destDir, member) ? 0 : -1;
+}
+
+}  // namespace VEXAPackageCore

@@ -1,0 +1,49 @@
+#include <vexacore/file.h>
+#include <vexapkg/package_info.h>
+
+#include <utility>
+
+#include "json.h"
+#include "limits.h"
+
+namespace VEXAPackageTool {
+namespace {
+
+/// A missing key leaves `text` as it is.
+bool ReadString(const Json::Value& fields, const char* key, std::string& text) {
+  if (!fields.isMember(key)) return true;
+  if (!fields[key].isString()) return false;
+  text = fields[key].asString();
+  return true;
+}
+
+/// A missing key leaves `texts` as it is.
+bool ReadStrings(const Json::Value& fields, const char* key, std::set<std::string>& texts) {
+  if (!fields.isMember(key)) return true;
+  if (!fields[key].isArray()) return false;
+  for (const Json::Value& element : fields[key]) {
+    if (!element.isString()) return false;
+    texts.insert(element.asString());
+  }
+  return true;
+}
+
+}  // namespace
+
+bool PMSLoadPKGInfoFile(const std::string& dir, PackageInfo& info, const char*,
+                        unsigned long long) {
+  std::string text, problem;
+  PackageInfo loaded;
+  if (VexaReadFile(dir + "/INFO", kMaxMemberBytes, text) != 0 ||
+      !ParseJsonObject(text, loaded.document, problem))
+    return false;
+  const Json::Value& fields = loaded.document;
+  if (!ReadString(fields, "name", loaded.name) || loaded.name.empty() ||
+      !ReadString(fields, "placement", loaded.placement) ||
+      !ReadStrings(fields, "prerequisite_units", loaded.extra.prerequisiteUnits))
+    return false;
+  info = std::move(loaded);
+  return true;
+}
+
+}  // namespace VEXAPackageTool

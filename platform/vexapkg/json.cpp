@@ -1,0 +1,38 @@
+#include "json.h"
+
+#include <json/reader.h>
+
+#include <boost/locale/utf.hpp>
+#include <exception>
+#include <memory>
+
+namespace {
+
+bool IsUtf8WithoutNul(const std::string& text) {
+  using Utf8 = boost::locale::utf::utf_traits<char>;
+  for (auto at = text.begin(); at != text.end();) {
+    const auto codePoint = Utf8::decode(at, text.end());
+    if (codePoint == 0 || !boost::locale::utf::is_valid_codepoint(codePoint)) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+bool ParseJsonObject(const std::string& text, Json::Value& object, std::string& problem) {
+  if (!IsUtf8WithoutNul(text)) {
+    problem = "not UTF-8 text";
+    return false;
+  }
+  Json::CharReaderBuilder builder;
+  Json::CharReaderBuilder::strictMode(&builder.settings_);
+  const std::unique_ptr<Json::CharReader> reader(builder.newCharReader());
+  try {
+    if (!reader->parse(text.data(), text.data() + text.size(), &object, &problem)) return false;
+  } catch (const Json::Exception& error) {  // nesting beyond the reader's limit
+    problem = error.what();
+    return false;
+  }
+  if (!object.isObject()) problem = "not an object";
+  return object.isObject();
+}

@@ -1,0 +1,82 @@
+#include <unistd.h>
+#include <vexacore/file.h>
+#include <vexapkg/builtin_policy.h>
+#include <vexapkg/unit_generator.h>
+
+#include <boost/algorithm/string/join.hpp>
+#include <boost/filesystem/operations.hpp>
+#include <cerrno>
+#include <sstream>
+
+#include "limits.h"
+
+namespace VEXAPackageTool::Service {
+namespace {
+
+const char kUnitDir[] = "/run/systemd/system";
+
+/// Units are made one after the other, so one name serves them all; systemd passes over it.
+const char kTemporaryPath[] = "/run/systemd/system/.vexapkg.tmp";
+
+bool MakeDirectory(const std::string& dir) {
+  boost::system::error_code error;
+  boost::filesystem::create_directories(dir, error);
+  return !error;
+}
+
+std::string UnitText(const PackageInfo& info) {
+  const std::set<std::string>& prerequisites = info.extra.prerequisiteUnits;
+  std::set<std::string> after = prerequisites;
+  after.insert("pkg-root.target");
+  const char* priority = PackageBuiltin::IsHighPriorityPackage(info.name) ? "high" : "low";
+  std::ostringstream text;
+  text << "[Unit]\n"
+       << "Description=package " << info.name << "\n"
+       << "IgnoreOnIsolate=yes\n"
+       << "Requires=pkg-root.target\n"
+       << "Requisite=" << boost::algorithm::join(prerequisites, " ") << "\n"
+       << "After=" << boost::algorithm::join(after, " ") << "\n"
+       << "[Service]\n"
+       << "Type=oneshot\n"
+       << "RemainAfterExit=yes\n"
+       << "ExecStart=/usr/vexa/sbin/vexapkgctl start " << info.name << "\n"
+       << "ExecStop=/usr/vexa/sbin/vexapkgctl stop " << info.name << "\n"
+       << "Slice=package_center.slice\n"
+       << "[Install]\n"
+       << "WantedBy=vexa-" << priority << "-priority-packages.target\n";
+  return text.str();
+}
+
+bool RemoveDropIn(const std::string& dir, const std::string& file) {
+  // A name too long for a drop-in directory never had one.
+  if (unlink(file.c_str()) < 0) return errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG;
+  rmdir(dir.c_str());  // stays when an administrator's drop-ins are in it
+  return true;
+}
+
+bool UpdateDropIn(const std::string& dir, const std::string& confPath) {
+  const std::string file = dir + "/conf.conf";
+  std::string conf;
+  const int error = VexaReadFile(confPath, kMaxMemberBytes, conf);
+  if (error == ENOENT) return RemoveDropIn(dir, file);
+  return error == 0 && MakeDirectory(dir) && VexaReplaceFile(file, kTemporaryPath, conf) == 0;
+}
+
+}  // namespace
+
+UnitGenerator::UnitGenerator() = default;
+UnitGenerator::~UnitGenerator() = default;
+
+bool UnitGenerator::Init(const std::string& name, const std::string& dir) {
+  dir_ = dir;
+  return PMSLoadPKGInfoFile(dir, info_, nullptr, 0) && info_.name == name;
+}
+
+bool UnitGenerator::ToFile() const {
+  const std::string path = std::string(kUnitDir) + "/pkgctl-" + info_.name + ".service";
+  // The drop-in comes first: a unit is never there without the settings that its package asks for.
+  return MakeDirectory(kUnitDir) && UpdateDropIn(path + ".d", dir_ + "/conf") &&
+         VexaReplaceFile(path, kTemporaryPath, UnitText(info_)) == 0;
+}
+
+}  // namespace VEXAPackageTool::Service

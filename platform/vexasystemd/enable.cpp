@@ -1,0 +1,88 @@
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vexacore/file.h>
+#include <vexasystemd/vexasystemd.h>
+
+#include <algorithm>
+#include <array>
+#include <boost/filesystem/operations.hpp>
+#include <cerrno>
+#include <climits>
+#include <string_view>
+
+#include "install_section.h"
+
+namespace {
+
+const char kRuntimeUnitDir[] = "/run/systemd/system";
+const std::array<const char*, 3> kSearchDirs = {"/etc/systemd/system", kRuntimeUnitDir,
+                                                "/usr/lib/systemd/system"};
+constexpr std::size_t kMaxUnitFileBytes = 16 * 1024 * 1024;
+
+std::string TypeOf(const std::string& unit) {
+  const auto dot = unit.rfind('.');
+  return dot == std::string::npos ? "" : unit.substr(dot);
+}
+
+/// A template has no name that a target could want, so it counts as none.
+bool IsUnitName(const std::string& name) {
+  static constexpr std::array<std::string_view, 11> types = {
+      ".automount", ".device", ".mount", ".path",   ".scope", ".service",
+      ".slice",     ".socket", ".swap",  ".target", ".timer"};
+  const std::string type = TypeOf(name);
+  return std::find(types.begin(), types.end(), type) != types.end() && name.size() > type.size() &&
+         name.size() <= 255 && name[0] != '@' && !name.ends_with("@" + type) &&
+         name.find_first_not_of(
+             "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
+             ":-_.\\@") == std::string::npos;
+}
+
+/// Reads the unit that systemd would load under that name. False when there is none, or a masked
+/// one (a link to /dev/null, which is no regular file, or an empty file).
+bool ReadUnit(const std::string& unit, std::string& path, std::string& text) {
+  for (const char* dir : kSearchDirs) {
+    path = std::string(dir) + "/" + unit;
+    const int error = VexaReadFile(path, kMaxUnitFileBytes, text);
+    if (error == ENOENT || error == ENOTDIR) continue;
+    return error == 0 && !text.empty();
+  }
+  return false;
+}
+
+bool PointsTo(const std::string& link, const std::string& target) {
+  std::array<char, PATH_MAX> text;
+  const ssize_t length = readlink(link.c_str(), text.data(), text.size());
+  return length >= 0 && target == std::string(text.data(), static_cast<std::size_t>(length));
+}
+
+bool MakeLink(const std::string& link, const std::string& target) {
+  return symlink(target.c_str(), link.c_str()) == 0 || (errno == EEXIST && PointsTo(link, target));
+}
+
+bool LinkIntoDirectory(const std::string& dir, const std::string& unit, const std::string& path) {
+  const std::string link = dir + "/" + unit;
+  if (MakeLink(link, path)) return true;
+  if (errno != ENOENT) return false;
+  boost::system::error_code error;
+  boost::filesystem::create_directories(dir, error);
+  return !error && MakeLink(link, path);
+}
+
+}  // namespace
+
+bool VEXASystemdEnableInGenerator(const std::string& unit) {
+  std::string path, text;
+  if (!IsUnitName(unit) || !ReadUnit(unit, path, text)) return false;
+  const InstallSection install = ParseInstallSection(text);
+  bool done = !install.wantedBy.empty() || !install.requiredBy.empty() || !install.alias.empty();
+  const auto linkInto = [&](const std::string& target, const char* suffix) {
+    done &= IsUnitName(target) &&
+            LinkIntoDirectory(std::string(kRuntimeUnitDir) + "/" + target + suffix, unit, path);
+  };
+  for (const std::string& target : install.wantedBy) linkInto(target, ".wants");
+  for (const std::string& target : install.requiredBy) linkInto(target, ".requires");
+  for (const std::string& alias : install.alias)
+    done &= alias == unit || (IsUnitName(alias) && TypeOf(alias) == TypeOf(unit) &&
+                              LinkIntoDirectory(kRuntimeUnitDir, alias, path));
+  return done;
+}

@@ -1,0 +1,40 @@
+#include "units/exec_quoting.h"
+
+#include <algorithm>
+#include <string_view>
+
+namespace {
+
+bool IsPlain(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') ||
+         std::string_view("/._-+:@,=").find(c) != std::string_view::npos;
+}
+
+}  // namespace
+
+std::string QuoteForBash(const std::string& text) {
+  if (!text.empty() && std::all_of(text.begin(), text.end(), IsPlain)) return text;
+  constexpr std::string_view hex = "0123456789abcdef";
+  std::string word = "$'";
+  for (const char c : text) {
+    if (c == '\\' || c == '\'') {
+      word += {'\\', c};
+    } else if (c >= ' ' && c <= '~') {
+      word += c;
+    } else {
+      const auto byte = static_cast<unsigned char>(c);
+      word += {'\\', 'x', hex[byte >> 4], hex[byte & 0xf]};
+    }
+  }
+  return word + "'";
+}
+
+std::string EscapeForExecStart(const std::string& argument) {
+  std::string escaped;
+  for (const char c : argument) {
+    if (c == '"' || c == '\\') escaped += '\\';
+    if (c == '%' || c == '$') escaped += c;
+    escaped += c;
+  }
+  return escaped;
+}

@@ -1,0 +1,130 @@
+#include "units/install_unit.h"
+
+#include <algorithm>
+#include <boost/algorithm/string/join.hpp>
+#include <boost/property_tree/ptree.hpp>
+#include <set>
+#include <string>
+#include <thread>
+#include <vector>
+
+#include "generator/paths.h"
+#include "intake/package_names.h"
+#include "units/exec_quoting.h"
+#include "units/unit_file.h"
+
+namespace {
+
+using boost::algorithm::join;
+using boost::property_tree::ptree;
+using StringSet = std::set<std::string>;
+using Words = std::vector<std::string>;
+
+constexpr unsigned kThreadsForParallelInstall = 4;
+const char kVolumeTarget[] = "pkg-volume.target";
+const char kResourceClearer[] = "pkg-builtin-resource-clearer.service";
+const char kInstall[] = "/usr/vexa/bin/vexapkg install --daemon-reload 0 ";
+const char kEnable[] = "/usr/vexa/sbin/vexapkgctl enable ";
+
+bool NeedsVolume(bool highPriority, const BuiltinPackageList& packages) {
+  return !highPriority &&
+         std::any_of(packages.begin(), packages.end(), [](const BuiltinPackage& package) {
+           return !package.isHighPriority && package.info.placement != "system";
+         });
+}
+
+std::string SequentialScript(const std::string& install, const Words& archives,
+                             const StringSet& enabled) {
+  std::string script = install + join(archives, " ");
+  if (!enabled.empty()) script += std::string("; ") + kEnable + join(enabled, " ");
+  return script;
+}
+
+std::string ParallelScript(const Words& archives, const StringSet& enabled) {
+  std::string script;
+  for (const std::string& archive : archives) script += kInstall + archive + " & ";
+  script += "wait; ";
+  for (const std::string& name : enabled) script += kEnable + name + " & ";
+  return script + "wait; ";
+}
+
+std::string InstallScript(bool highPriority, const Words& archives, const StringSet& enabled) {
+  if (!highPriority)
+    return SequentialScript(std::string(kInstall) + "--job-name install_low_builtin_pkgs ",
+                            archives, enabled);
+  if (std::thread::hardware_concurrency() < kThreadsForParallelInstall)
+    return SequentialScript(kInstall, archives, enabled);
+  return ParallelScript(archives, enabled);
+}
+
+std::string InstallCommand(bool highPriority, const BuiltinPackageList& packages) {
+  StringSet archivePaths, enabled;
+  for (const BuiltinPackage& package : packages) {
+    if (package.isHighPriority != highPriority) continue;
+    archivePaths.insert(package.archivePath);
+    if (package.config.enable) enabled.insert(package.info.name);
+  }
+  if (archivePaths.empty()) return "/bin/true";
+  Words archives;
+  for (const std::string& path : archivePaths) archives.push_back(QuoteForBash(path));
+  return "-/bin/bash -c \"" + EscapeForExecStart(InstallScript(highPriority, archives, enabled)) +
+         "\"";
+}
+
+ptree UnitSection(bool highPriority, const BuiltinPackageList& packages) {
+  StringSet requisite;
+  StringSet after = {"pkg-root.target",
+                     highPriority ? "vexa-service-tmp.service" : "vexa-login.target"};
+  StringSet before;
+  if (!highPriority) before.insert(kResourceClearer);
+  for (const BuiltinPackage& package : packages) {
+    if (package.isHighPriority != highPriority) continue;
+    const StringSet& prerequisites = package.info.extra.prerequisiteUnits;
+    requisite.insert(prerequisites.begin(), prerequisites.end());
+    after.insert(prerequisites.begin(), prerequisites.end());
+    before.insert(StartupUnitName(package.info.name));
+  }
+  std::string required = "pkg-root.target";
+  if (NeedsVolume(highPriority, packages)) {
+    required += std::string(" ") + kVolumeTarget;
+    after.insert(kVolumeTarget);
+  }
+
+  ptree section;
+  section.put("Description", std::string("install builtin packages for priority ") +
+                                 (highPriority ? "high" : "low"));
+  section.put("IgnoreOnIsolate", "yes");
+  section.put("Requires", required);
+  section.put("Wants", highPriority ? "" : kResourceClearer);
+  section.put("Requisite", join(requisite, " "));
+  section.put("After", join(after, " "));
+  section.put("Before", join(before, " "));
+  section.put("ConditionPathExists", kUpgradePackagesDir);
+  return section;
+}
+
+ptree ServiceSection(bool highPriority, const BuiltinPackageList& packages) {
+  ptree section;
+  section.put("Type", "oneshot");
+  section.put("RemainAfterExit", "yes");
+  section.put("TimeoutStartSec", "1800");
+  section.put("ExecStart", InstallCommand(highPriority, packages));
+  section.put("ExecStartPost", "/bin/bash -c \"/bin/systemctl daemon-reload\"");
+  section.put("Slice", "package_center.slice");
+  return section;
+}
+
+}  // namespace
+
+void GenBuiltinInstallUnit(bool highPriority, const BuiltinPackageList& packages) {
+  ptree install;
+  install.put("WantedBy", highPriority ? "vexa-high-priority-packages.target"
+                                       : "vexa-low-priority-packages.target");
+  ptree unit;
+  unit.add_child("Unit", UnitSection(highPriority, packages));
+  unit.add_child("Service", ServiceSection(highPriority, packages));
+  unit.add_child("Install", install);
+  WriteAndEnableUnit(highPriority ? "pkg-install-high-priority-builtin.service"
+                                  : "pkg-install-low-priority-builtin.service",
+                     unit);
+}
