@@ -50,7 +50,7 @@ Policy LoadPolicy() {
   std::string text;
   const int error = VexaReadFile(kPolicyFile, kMaxMemberBytes, text);
   if (error == ENOENT || error == ENOTDIR) return {};
-  if (error != 0) ThrowPolicyError(std::strerror(error));
+  if (error != 0) ThrowPolicyError(error == EINVAL ? "not a regular file" : std::strerror(error));
   return ParsePolicy(text);
 }
 
