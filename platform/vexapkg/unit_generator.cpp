@@ -3,6 +3,7 @@
 #include <vexapkg/builtin_policy.h>
 #include <vexapkg/unit_generator.h>
 
+#include <algorithm>
 #include <boost/algorithm/string/join.hpp>
 #include <boost/filesystem/operations.hpp>
 #include <cerrno>
@@ -47,6 +48,12 @@ std::string UnitText(const PackageInfo& info) {
   return text.str();
 }
 
+/// Whatever was checked when the package was taken, the archive may be another one by now: nothing
+/// may end the line that it is written in.
+bool FitsIntoLine(const std::string& word) {
+  return !word.empty() && std::all_of(word.begin(), word.end(), [](char c) { return c > ' '; });
+}
+
 bool RemoveDropIn(const std::string& dir, const std::string& file) {
   // A name too long for a drop-in directory never had one.
   if (unlink(file.c_str()) < 0) return errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG;
@@ -69,7 +76,10 @@ UnitGenerator::~UnitGenerator() = default;
 
 bool UnitGenerator::Init(const std::string& name, const std::string& dir) {
   dir_ = dir;
-  return PMSLoadPKGInfoFile(dir, info_, nullptr, 0) && info_.name == name;
+  if (!PMSLoadPKGInfoFile(dir, info_, nullptr, 0)) return false;
+  const std::set<std::string>& units = info_.extra.prerequisiteUnits;
+  return info_.name == name && FitsIntoLine(name) &&
+         std::all_of(units.begin(), units.end(), FitsIntoLine);
 }
 
 bool UnitGenerator::ToFile() const {

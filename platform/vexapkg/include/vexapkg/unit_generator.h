@@ -13,8 +13,9 @@ class UnitGenerator {
   ~UnitGenerator();
 
   /// Loads INFO from the directory `dir`, where the package's conf, if it has one, lies as well;
-  /// both must stay there until ToFile has returned. True when INFO could be loaded and the name in
-  /// it is `name`. Logs nothing.
+  /// both must stay there until ToFile has returned. True when INFO could be loaded, the name in it
+  /// is `name`, and neither that nor a prerequisite unit holds a blank or control character. Logs
+  /// nothing.
   bool Init(const std::string& name, const std::string& dir);
 
   /// Writes the unit, and conf byte for byte as its drop-in conf.conf; without conf, a drop-in of
