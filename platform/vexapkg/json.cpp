@@ -17,6 +17,21 @@ bool IsUtf8WithoutNul(const std::string& text) {
   return true;
 }
 
+/// Even a strict reader of jsoncpp passes over comments between the members of an object and
+/// between the elements of an array. Outside of strings JSON has no other use for a slash.
+bool HoldsComment(const std::string& text) {
+  bool inString = false;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (inString && text[i] == '\\')
+      ++i;
+    else if (text[i] == '"')
+      inString = !inString;
+    else if (!inString && text[i] == '/')
+      return true;
+  }
+  return false;
+}
+
 /// Made once: making it costs more than reading an INFO with it.
 Json::CharReader& StrictReader() {
   static const std::unique_ptr<Json::CharReader> reader = [] {
@@ -32,6 +47,10 @@ Json::CharReader& StrictReader() {
 bool ParseJsonObject(const std::string& text, Json::Value& object, std::string& problem) {
   if (!IsUtf8WithoutNul(text)) {
     problem = "not UTF-8 text";
+    return false;
+  }
+  if (HoldsComment(text)) {
+    problem = "a comment, or a slash outside of a string";
     return false;
   }
   try {
