@@ -28,15 +28,6 @@ int WriteAll(int fd, std::string_view content) {
   return 0;
 }
 
-int WriteNewFile(const std::string& path, std::string_view content) {
-  const int flags = O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC;
-  int fd = open(path.c_str(), flags, 0644);
-  if (fd < 0 && errno == EEXIST && unlink(path.c_str()) == 0) fd = open(path.c_str(), flags, 0644);
-  if (fd < 0) return errno;
-  const int error = WriteAll(fd, content);
-  return close(fd) == 0 || error != 0 ? error : errno;
-}
-
 }  // namespace
 
 int VLIBCFileTouch(const char* path) {
@@ -70,10 +61,23 @@ int VexaReadFile(const std::string& path, std::size_t maxBytes, std::string& con
   return 0;
 }
 
+int VexaWriteNewFile(const std::string& path, unsigned mode, std::string_view content) {
+  const int fd = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
+  if (fd < 0) return errno;
+  int error = WriteAll(fd, content);
+  if (close(fd) < 0 && error == 0) error = errno;
+  if (error != 0) unlink(path.c_str());
+  return error;
+}
+
 int VexaReplaceFile(const std::string& path, const std::string& temporaryPath,
                     std::string_view content) {
-  int error = WriteNewFile(temporaryPath, content);
-  if (error == 0 && rename(temporaryPath.c_str(), path.c_str()) < 0) error = errno;
-  if (error != 0) unlink(temporaryPath.c_str());
+  int error = VexaWriteNewFile(temporaryPath, 0644, content);
+  if (error == EEXIST && unlink(temporaryPath.c_str()) == 0)
+    error = VexaWriteNewFile(temporaryPath, 0644, content);
+  if (error == 0 && rename(temporaryPath.c_str(), path.c_str()) < 0) {
+    error = errno;
+    unlink(temporaryPath.c_str());
+  }
   return error;
 }

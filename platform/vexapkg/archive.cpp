@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <vexacore/file.h>
 #include <vexapkg/package_core.h>
 
 #include <algorithm>
@@ -83,13 +84,10 @@ bool IsAcceptedFile(archive_entry* entry) {
          size >= 0 && size <= static_cast<la_int64_t>(kMaxMemberBytes);
 }
 
-bool WriteMemberTo(archive* reader, const std::string& path) {
-  const int fd = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0600);
-  if (fd < 0) return false;
-  const int result = archive_read_data_into_fd(reader, fd);
-  const bool written = close(fd) == 0 && HasMember(result);
-  if (!written) unlink(path.c_str());
-  return written;
+/// The size in the header is what counts: a sparse member may say that its data lie anywhere.
+bool ReadMember(archive* reader, archive_entry* entry, std::string& content) {
+  content.resize(static_cast<std::size_t>(archive_entry_size(entry)));
+  return archive_read_data(reader, content.data(), content.size()) >= 0;
 }
 
 bool ExtractMember(const std::string& archivePath, const std::string& destDir,
@@ -106,8 +104,9 @@ bool ExtractMember(const std::string& archivePath, const std::string& destDir,
   const ArchiveReader reader = OpenTar(file);
   if (!reader) return false;
   archive_entry* entry = FindMember(reader.get(), member);
-  return entry != nullptr && IsAcceptedFile(entry) &&
-         WriteMemberTo(reader.get(), destDir + "/" + member);
+  std::string content;
+  return entry != nullptr && IsAcceptedFile(entry) && ReadMember(reader.get(), entry, content) &&
+         VexaWriteNewFile(destDir + "/" + member, 0600, content) == 0;
 }
 
 }  // namespace

@@ -4,12 +4,16 @@
 #include <string>
 #include <string_view>
 
-/// For the other libraries of the platform. Neither call blocks on a FIFO or device, logs or
-/// records an error; both return 0 or an errno value.
+/// For the other libraries of the platform. No call blocks on a FIFO or device, logs or records an
+/// error; each returns 0 or an errno value.
 
 /// Reads a regular file whole into `content`, following links. EFBIG when it is longer than
 /// `maxBytes`, EINVAL when it is no regular file; `content` is then unspecified.
 int VexaReadFile(const std::string& path, std::size_t maxBytes, std::string& content);
+
+/// Makes a new file of `mode` (less the umask) that holds `content`; EEXIST when there is anything,
+/// a dangling link included, at `path`. After another failure the file is gone.
+int VexaWriteNewFile(const std::string& path, unsigned mode, std::string_view content);
 
 /// Makes `path` hold `content` with mode 0644 (less the umask): written to `temporaryPath`, which
 /// must be on the same filesystem and is replaced if a killed run left it, then renamed. `path`
