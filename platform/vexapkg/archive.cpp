@@ -98,7 +98,9 @@ bool ExtractMember(const std::string& archivePath, const std::string& destDir,
   BOOST_SCOPE_EXIT_ALL(fd) { close(fd); };
   struct stat info;
   if (fstat(fd, &info) < 0 || !S_ISREG(info.st_mode)) return false;
-  ArchiveFile file{fd, info.st_size, 0, {}};
+  ArchiveFile file;
+  file.fd = fd;
+  file.size = info.st_size;
   const ArchiveReader reader = OpenTar(file);
   if (!reader) return false;
   archive_entry* entry = FindMember(reader.get(), member);

@@ -1,16 +1,16 @@
 #include "install_section.h"
 
-#include <boost/algorithm/string/classification.hpp>
+#include <algorithm>
 #include <boost/algorithm/string/split.hpp>
 #include <boost/algorithm/string/trim.hpp>
 
 namespace {
 
-const char kBlanks[] = " \t\r";
+bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\r'; }
 
 bool IsComment(std::string_view line) {
-  const auto start = line.find_first_not_of(kBlanks);
-  return start != std::string_view::npos && (line[start] == '#' || line[start] == ';');
+  const auto start = std::find_if_not(line.begin(), line.end(), IsBlank);
+  return start != line.end() && (*start == '#' || *start == ';');
 }
 
 /// Takes one logical line off the front of `text`: a backslash at a line's end joins the next line
@@ -30,18 +30,18 @@ std::string TakeLine(std::string_view& text) {
     if (continued) piece.remove_suffix(1);
     line.append(piece).append(continued ? " " : "");
   }
-  boost::algorithm::trim_if(line, boost::is_any_of(kBlanks));
+  boost::algorithm::trim_if(line, IsBlank);
   return line;
 }
 
 void AddValues(std::vector<std::string>& list, std::string value) {
-  boost::algorithm::trim_if(value, boost::is_any_of(kBlanks));
+  boost::algorithm::trim_if(value, IsBlank);
   if (value.empty()) {
     list.clear();
     return;
   }
   std::vector<std::string> words;
-  boost::algorithm::split(words, value, boost::is_any_of(kBlanks), boost::token_compress_on);
+  boost::algorithm::split(words, value, IsBlank, boost::token_compress_on);
   list.insert(list.end(), words.begin(), words.end());
 }
 
@@ -59,7 +59,7 @@ InstallSection ParseInstallSection(std::string_view text) {
     const auto equals = line.find('=');
     if (!inInstall || equals == std::string::npos) continue;
     std::string key = line.substr(0, equals);
-    boost::algorithm::trim_right_if(key, boost::is_any_of(kBlanks));
+    boost::algorithm::trim_right_if(key, IsBlank);
     if (key == "WantedBy") AddValues(install.wantedBy, line.substr(equals + 1));
     if (key == "RequiredBy") AddValues(install.requiredBy, line.substr(equals + 1));
     if (key == "Alias") AddValues(install.alias, line.substr(equals + 1));
