@@ -9,7 +9,7 @@
 #include <cerrno>
 #include <sstream>
 
-#include "limits.h"
+#include "member_limit.h"
 
 namespace VEXAPackageTool::Service {
 namespace {
