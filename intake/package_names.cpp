@@ -22,9 +22,11 @@ bool IsUnitName(std::string_view name) {
   const auto dot = name.rfind('.');
   if (dot == std::string_view::npos || name.size() > kMaxUnitNameBytes) return false;
   const std::string_view stem = name.substr(0, dot);
+  if (stem.empty()) return false;
+  const auto at =
+      stem.find('@');  // what follows the first one is the instance; a template has none
   return std::find(types.begin(), types.end(), name.substr(dot + 1)) != types.end() &&
-         ConsistsOfLettersDigitsAnd(":-_.\\@", stem) && !stem.empty() && stem.front() != '@' &&
-         stem.back() != '@';
+         ConsistsOfLettersDigitsAnd(":-_.\\@", stem) && at != 0 && at != stem.size() - 1;
 }
 
 }  // namespace
