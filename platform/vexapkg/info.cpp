@@ -34,7 +34,7 @@ bool PMSLoadPKGInfoFile(const std::string& dir, PackageInfo& info, const char*,
                         unsigned long long) {
   std::string text, problem;
   PackageInfo loaded;
-  if (VexaReadFile(dir + "/INFO", kMaxMemberBytes, text) != 0 ||
+  if (VexaReadFile(dir + "/INFO", kMaxInfoBytes, text) != 0 ||
       !ParseJsonObject(text, loaded.document, problem))
     return false;
   const Json::Value& fields = loaded.document;

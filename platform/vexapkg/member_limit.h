@@ -2,5 +2,8 @@
 
 #include <cstddef>
 
-/// The longest INFO or conf, and the longest policy file, that is read.
+/// The longest member that is extracted, and the longest conf and policy file that is read.
 inline constexpr std::size_t kMaxMemberBytes = 16 * 1024 * 1024;
+
+/// The longest INFO that is parsed: parsed, it can take sixty times as much memory.
+inline constexpr std::size_t kMaxInfoBytes = 1024 * 1024;

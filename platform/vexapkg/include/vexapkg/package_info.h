@@ -23,7 +23,7 @@ struct PackageInfo {
 
 /// Loads the file INFO in directory `dir` into `info`. The third and fourth argument are accepted
 /// for the sake of the interface and change nothing. Returns false, with `info` as it was, when the
-/// file can't be read, is longer than 16 MiB or is not of the form that platform/README.md gives.
+/// file can't be read, is longer than 1 MiB or is not of the form that platform/README.md gives.
 /// Logs nothing.
 bool PMSLoadPKGInfoFile(const std::string& dir, PackageInfo& info, const char*, unsigned long long);
 
