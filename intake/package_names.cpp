@@ -38,12 +38,9 @@ std::string StartupUnitName(const std::string& packageName) {
 std::string ProblemWithNames(const VEXAPackageTool::PackageInfo& info) {
   if (!ConsistsOfLettersDigitsAnd(":-_.@", info.name))
     return "package name holds more than letters, digits and : - _ . @: " + info.name;
-  // systemd takes "pkgctl-a-.service.d" for the settings of every "pkgctl-a-*" unit, and
-  // "pkgctl-a@.service" for a template.
-  if (info.name.ends_with('-') || info.name.ends_with('@'))
-    return "package name ends with - or @: " + info.name;
-  if (info.name.starts_with('-') || info.name.starts_with('.'))
-    return "package name begins with - or .: " + info.name;
+  if (info.name.starts_with('-')) return "package name begins with -: " + info.name;
+  if (info.name == "." || info.name == "..")
+    return "package name is that of a folder: " + info.name;
   if (StartupUnitName(info.name).size() > kMaxUnitNameBytes)
     return "package name makes a unit name of more than 255 bytes: " + info.name;
   for (const std::string& unit : info.extra.prerequisiteUnits)
