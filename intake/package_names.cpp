@@ -22,9 +22,11 @@ bool IsUnitName(std::string_view name) {
   const auto dot = name.rfind('.');
   if (dot == std::string_view::npos || name.size() > kMaxUnitNameBytes) return false;
   const std::string_view stem = name.substr(0, dot);
+  if (stem.empty()) return false;
+  const auto at =
+      stem.find('@');  // what follows the first one is the instance; a template has none
   return std::find(types.begin(), types.end(), name.substr(dot + 1)) != types.end() &&
-         ConsistsOfLettersDigitsAnd(":-_.\\@", stem) && !stem.empty() && stem.front() != '@' &&
-         stem.back() != '@';
+         ConsistsOfLettersDigitsAnd(":-_.\\@", stem) && at != 0 && at != stem.size() - 1;
 }
 
 }  // namespace
@@ -36,12 +38,9 @@ std::string StartupUnitName(const std::string& packageName) {
 std::string ProblemWithNames(const VEXAPackageTool::PackageInfo& info) {
   if (!ConsistsOfLettersDigitsAnd(":-_.@", info.name))
     return "package name holds more than letters, digits and : - _ . @: " + info.name;
-  // systemd takes "pkgctl-a-.service.d" for the settings of every "pkgctl-a-*" unit, and
-  // "pkgctl-a@.service" for a template.
-  if (info.name.ends_with('-') || info.name.ends_with('@'))
-    return "package name ends with - or @: " + info.name;
-  if (info.name.starts_with('-') || info.name.starts_with('.'))
-    return "package name begins with - or .: " + info.name;
+  if (info.name.starts_with('-')) return "package name begins with -: " + info.name;
+  if (info.name == "." || info.name == "..")
+    return "package name is that of a folder: " + info.name;
   if (StartupUnitName(info.name).size() > kMaxUnitNameBytes)
     return "package name makes a unit name of more than 255 bytes: " + info.name;
   for (const std::string& unit : info.extra.prerequisiteUnits)

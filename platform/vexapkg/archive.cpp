@@ -14,7 +14,7 @@
 #include <memory>
 #include <string_view>
 
-#include "limits.h"
+#include "member_limit.h"
 
 namespace VEXAPackageCore {
 namespace {

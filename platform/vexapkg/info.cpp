@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "json.h"
-#include "limits.h"
+#include "member_limit.h"
 
 namespace VEXAPackageTool {
 namespace {

@@ -10,7 +10,7 @@
 #include <stdexcept>
 
 #include "json.h"
-#include "limits.h"
+#include "member_limit.h"
 
 namespace PackageBuiltin {
 namespace {

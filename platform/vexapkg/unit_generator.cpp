@@ -9,7 +9,7 @@
 #include <cerrno>
 #include <sstream>
 
-#include "limits.h"
+#include "member_limit.h"
 
 namespace VEXAPackageTool::Service {
 namespace {
@@ -61,12 +61,21 @@ bool RemoveDropIn(const std::string& dir, const std::string& file) {
   return true;
 }
 
-bool UpdateDropIn(const std::string& dir, const std::string& confPath) {
+/// systemd reads the drop-ins of "pkgctl-a-.service" for every "pkgctl-a-*.service", and those of a
+/// template for every instance of it: a package must not settle what becomes of another.
+bool LendsItsDropIns(const std::string& packageName) {
+  const auto at = packageName.find('@');
+  return at + 1 == packageName.size() || packageName.substr(0, at).ends_with('-');
+}
+
+bool UpdateDropIn(const std::string& packageName, const std::string& dir,
+                  const std::string& confPath) {
   const std::string file = dir + "/conf.conf";
   std::string conf;
   const int error = VexaReadFile(confPath, kMaxMemberBytes, conf);
   if (error == ENOENT) return RemoveDropIn(dir, file);
-  return error == 0 && MakeDirectory(dir) && VexaReplaceFile(file, kTemporaryPath, conf) == 0;
+  return error == 0 && !LendsItsDropIns(packageName) && MakeDirectory(dir) &&
+         VexaReplaceFile(file, kTemporaryPath, conf) == 0;
 }
 
 }  // namespace
@@ -85,7 +94,7 @@ bool UnitGenerator::Init(const std::string& name, const std::string& dir) {
 bool UnitGenerator::ToFile() const {
   const std::string path = std::string(kUnitDir) + "/pkgctl-" + info_.name + ".service";
   // The drop-in comes first: a unit is never there without the settings that its package asks for.
-  return MakeDirectory(kUnitDir) && UpdateDropIn(path + ".d", dir_ + "/conf") &&
+  return MakeDirectory(kUnitDir) && UpdateDropIn(info_.name, path + ".d", dir_ + "/conf") &&
          VexaReplaceFile(path, kTemporaryPath, UnitText(info_)) == 0;
 }
 

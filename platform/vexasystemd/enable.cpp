@@ -30,8 +30,9 @@ bool IsUnitName(const std::string& name) {
       ".automount", ".device", ".mount", ".path",   ".scope", ".service",
       ".slice",     ".socket", ".swap",  ".target", ".timer"};
   const std::string type = TypeOf(name);
+  const auto at = name.find('@');
   return std::find(types.begin(), types.end(), type) != types.end() && name.size() > type.size() &&
-         name.size() <= 255 && name[0] != '@' && !name.ends_with("@" + type) &&
+         name.size() <= 255 && at != 0 && at + type.size() + 1 != name.size() &&
          name.find_first_not_of(
              "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
              ":-_.\\@") == std::string::npos;

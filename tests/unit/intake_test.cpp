@@ -20,10 +20,11 @@ TEST_F(Intake, RefusesNamesBeforeThePolicyIsAsked) {
   const string x(240, 'x');
   // Accepted or not, a package's name or a prerequisite unit's, values.
   const std::tuple<bool, bool, string> rows[] = {
-      {true, true, "A|a:b-c_d.e@f|0|_-|" + x},
-      {false, true, "-a|a b|a/b|a;b|a'b|a\"b|a$b|a%b|a\\b|a\nb|a\x7F|\xC3\xA4|x" + x},
+      {true, true, "A|a:b-c_d.e@f|0|_-|.a|a@|" + x},
+      {false, true, "-a|.|..|a b|a/b|a;b|a'b|a\"b|a$b|a%b|a\\b|a\nb|a\x7F|\xC3\xA4|x" + x},
       {true, false, "b.service|b.socket|b.target|b.device|b.mount|b.automount|b.swap|b.timer"},
-      {true, false, "b.path|b.slice|b.scope|-.mount|a@b@c.service|1234567" + x + ".service"},
+      {true, false,
+       "b.path|b.slice|b.scope|-.mount|a@b@c.service|a@b@.service|1234567" + x + ".service"},
       {true, false, "A-b_c:d.e.service|a\\x2d.mount"},
       {false, false, "|b|service|.service|b.|b.unit|b.Service|b.service |b@.service|@b.service"},
       {false, false, "b c.mount|b/c.mount|b$.mount|b;.mount|b\n.mount|b'.mount|b\".mount"},
