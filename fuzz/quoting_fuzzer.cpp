@@ -1,5 +1,5 @@
-// Archive paths of any bytes, put into an install command: taken apart by the rules of systemd and
-// then of bash, it gives the words that went in. Both models refuse what has no place here.
+// Archive paths of any bytes in an install command: taken apart by the rules of systemd and then of
+// bash, it gives the words that went in. Both models refuse what has no place here.
 #include <vector>
 
 #include "fuzz.h"
