@@ -1,8 +1,9 @@
 // A policy of any content is taken, or refused with the one exception that is promised.
+#include <vexapkg/policy_text.h>
+
 #include <stdexcept>
 
 #include "fuzz.h"
-#include "policy.h"
 
 void Check(const std::string& input) try {
   for (const auto& [name, entry] : PackageBuiltin::ParsePolicy(input))

@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Asks the closed library for everything that the generator reads of INFO.
+/// The value that the library's interface expects; what it means is the library's own affair.
 constexpr unsigned long long kLoadFlags = 0x40200000;
 
 std::set<std::string> ListArchiveNames() {

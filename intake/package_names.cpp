@@ -8,13 +8,6 @@ namespace {
 
 constexpr std::size_t kMaxUnitNameBytes = 255;  // UNIT_NAME_MAX of systemd, less the NUL
 
-bool ConsistsOfLettersDigitsAnd(std::string_view others, std::string_view text) {
-  return std::all_of(text.begin(), text.end(), [&](char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') ||
-           others.find(c) != std::string_view::npos;
-  });
-}
-
 bool IsUnitName(std::string_view name) {
   constexpr std::array<std::string_view, 11> types = {"service", "socket",    "target", "device",
                                                       "mount",   "automount", "swap",   "timer",
@@ -30,6 +23,13 @@ bool IsUnitName(std::string_view name) {
 }
 
 }  // namespace
+
+bool ConsistsOfLettersDigitsAnd(std::string_view others, std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [&](char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') ||
+           others.find(c) != std::string_view::npos;
+  });
+}
 
 std::string StartupUnitName(const std::string& packageName) {
   return "pkgctl-" + packageName + ".service";

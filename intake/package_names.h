@@ -3,8 +3,13 @@
 #include <vexapkg/package_info.h>
 
 #include <string>
+#include <string_view>
 
-/// The name of a package's startup unit: "pkgctl-" + package name + ".service".
+/// True when `text` has only ASCII letters, ASCII digits and characters of `others`.
+bool ConsistsOfLettersDigitsAnd(std::string_view others, std::string_view text);
+
+/// The name of a package's startup unit, which the package name must leave room for: "pkgctl-" +
+/// package name + ".service".
 std::string StartupUnitName(const std::string& packageName);
 
 /// Tells why a package can't be taken: its name, which becomes a part of a unit name and a word of

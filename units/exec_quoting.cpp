@@ -1,19 +1,11 @@
 #include "units/exec_quoting.h"
 
-#include <algorithm>
 #include <string_view>
 
-namespace {
-
-bool IsPlain(char c) {
-  return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') ||
-         std::string_view("/._-+:@,=").find(c) != std::string_view::npos;
-}
-
-}  // namespace
+#include "intake/package_names.h"
 
 std::string QuoteForBash(const std::string& text) {
-  if (!text.empty() && std::all_of(text.begin(), text.end(), IsPlain)) return text;
+  if (!text.empty() && ConsistsOfLettersDigitsAnd("/._-+:@,=", text)) return text;
   constexpr std::string_view hex = "0123456789abcdef";
   std::string word = "$'";
   for (const char c : text) {

@@ -73,6 +73,7 @@ archive_entry* FindMember(archive* reader, std::string_view member) {
     const char* path = archive_entry_pathname(entry);
     std::string_view name = path != nullptr ? path : "";
     if (name.starts_with("./")) name.remove_prefix(2);
+    if (name.ends_with('/')) name.remove_suffix(1);  // a directory
     if (name == member) return entry;
   }
   return nullptr;

@@ -9,12 +9,17 @@
 namespace VEXAPackageTool {
 namespace {
 
+/// A NUL, which JSON can hold as an escape, would cut the text short wherever it is used.
+bool TakeText(const Json::Value& value, std::string& text) {
+  if (!value.isString()) return false;
+  text = value.asString();
+  return text.find('\0') == std::string::npos;
+}
+
 /// A missing key leaves `text` as it is.
 bool ReadString(const Json::Value& fields, const char* key, std::string& text) {
   if (!fields.isMember(key)) return true;
-  if (!fields[key].isString()) return false;
-  text = fields[key].asString();
-  return true;
+  return TakeText(fields[key], text);
 }
 
 /// A missing key leaves `texts` as it is.
@@ -22,8 +27,9 @@ bool ReadStrings(const Json::Value& fields, const char* key, std::set<std::strin
   if (!fields.isMember(key)) return true;
   if (!fields[key].isArray()) return false;
   for (const Json::Value& element : fields[key]) {
-    if (!element.isString()) return false;
-    texts.insert(element.asString());
+    std::string text;
+    if (!TakeText(element, text)) return false;
+    texts.insert(text);
   }
   return true;
 }

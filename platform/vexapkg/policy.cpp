@@ -1,8 +1,9 @@
-#include "policy.h"
 
 #include <vexacore/file.h>
 #include <vexapkg/builtin_policy.h>
+#include <vexapkg/policy_text.h>
 
+#include <boost/filesystem/operations.hpp>
 #include <cerrno>
 #include <cstring>
 #include <map>
@@ -49,7 +50,11 @@ PolicyEntry EntryOf(const Json::Value& object, const std::string& name) {
 Policy LoadPolicy() {
   std::string text;
   const int error = VexaReadFile(kPolicyFile, kMaxMemberBytes, text);
-  if (error == ENOENT || error == ENOTDIR) return {};
+  if (error == ENOENT || error == ENOTDIR) {
+    boost::system::error_code unused;
+    if (!is_symlink(boost::filesystem::symlink_status(kPolicyFile, unused))) return {};
+    ThrowPolicyError("a link to nothing");
+  }
   if (error != 0) ThrowPolicyError(error == EINVAL ? "not a regular file" : std::strerror(error));
   return ParsePolicy(text);
 }

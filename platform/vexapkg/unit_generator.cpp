@@ -51,7 +51,8 @@ std::string UnitText(const PackageInfo& info) {
 /// Whatever was checked when the package was taken, the archive may be another one by now: nothing
 /// may end the line that it is written in.
 bool FitsIntoLine(const std::string& word) {
-  return !word.empty() && std::all_of(word.begin(), word.end(), [](char c) { return c > ' '; });
+  return !word.empty() &&
+         std::all_of(word.begin(), word.end(), [](char c) { return c > ' ' && c <= '~'; });
 }
 
 bool RemoveDropIn(const std::string& dir, const std::string& file) {

@@ -24,7 +24,8 @@ std::string TypeOf(const std::string& unit) {
   return dot == std::string::npos ? "" : unit.substr(dot);
 }
 
-/// A template has no name that a target could want, so it counts as none.
+/// By systemd's rules, like the check of prerequisite units in the generator, which knows nothing
+/// of this library. A template has no name that a target could want, so it counts as none.
 bool IsUnitName(const std::string& name) {
   static constexpr std::array<std::string_view, 11> types = {
       ".automount", ".device", ".mount", ".path",   ".scope", ".service",
@@ -32,7 +33,8 @@ bool IsUnitName(const std::string& name) {
   const std::string type = TypeOf(name);
   const auto at = name.find('@');
   return std::find(types.begin(), types.end(), type) != types.end() && name.size() > type.size() &&
-         name.size() <= 255 && at != 0 && at + type.size() + 1 != name.size() &&
+         name.size() <= 255 && at != 0 &&
+         (at == std::string::npos || at + 1 + type.size() < name.size()) &&
          name.find_first_not_of(
              "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz"
              ":-_.\\@") == std::string::npos;

@@ -36,8 +36,8 @@ class PackageVpkServiceImpl {
   /// regular file of at most 16 MiB, and reads the archive no further; members before it are passed
   /// over, not unpacked. Never blocks on what is no regular file. Returns 0 on success; another
   /// value, with no file left behind, on failure. Logs nothing.
-  virtual int ExtractFile(const std::string& archivePath, const std::string& destDir,
-                          const std::string& member);
+  int ExtractFile(const std::string& archivePath, const std::string& destDir,
+                  const std::string& member);
 };
 
 /// The services of the process, each made on first use.

@@ -15,8 +15,8 @@ struct PackageInfoExtra {
 /// The metadata of one package.
 struct PackageInfo {
   std::string name;  ///< Package name; empty when nothing was loaded.
-  std::string
-      placement;  ///< Where the package is kept; "system" is the volume that is always there.
+  /// Where the package is kept; "system" is the volume that is always there.
+  std::string placement;
   PackageInfoExtra extra;
   Json::Value document;  ///< The whole INFO object, keys unknown to this library included.
 };

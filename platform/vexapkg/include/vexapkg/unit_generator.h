@@ -14,7 +14,7 @@ class UnitGenerator {
 
   /// Loads INFO from the directory `dir`, where the package's conf, if it has one, lies as well;
   /// both must stay there until ToFile has returned. True when INFO could be loaded, the name in it
-  /// is `name`, and neither that nor a prerequisite unit holds a blank or control character. Logs
+  /// is `name`, and that and the prerequisite units are of printable ASCII without blanks. Logs
   /// nothing.
   bool Init(const std::string& name, const std::string& dir);
 

@@ -1,5 +1,7 @@
 #pragma once
 
+/// For the library itself and for programs that check a policy before it is installed.
+
 #include <map>
 #include <optional>
 #include <string>
