@@ -27,7 +27,7 @@ struct ArchiveFile {
   int fd;
   std::int64_t size;
   std::int64_t offset = 0;
-  std::array<char, 10240> block;
+  std::array<char, 4096> block;
 };
 
 la_ssize_t ReadBlock(archive* reader, void* data, const void** buffer) {

@@ -1,3 +1,4 @@
+#include <sys/stat.h>
 #include <unistd.h>
 #include <vexacore/file.h>
 #include <vexapkg/builtin_policy.h>
@@ -19,9 +20,9 @@ const char kUnitDir[] = "/run/systemd/system";
 /// Units are made one after the other, so one name serves them all; systemd passes over it.
 const char kTemporaryPath[] = "/run/systemd/system/.vexapkg.tmp";
 
-bool MakeDirectory(const std::string& dir) {
+bool MakeUnitDir() {
   boost::system::error_code error;
-  boost::filesystem::create_directories(dir, error);
+  boost::filesystem::create_directories(kUnitDir, error);
   return !error;
 }
 
@@ -75,7 +76,8 @@ bool UpdateDropIn(const std::string& packageName, const std::string& dir,
   std::string conf;
   const int error = VexaReadFile(confPath, kMaxMemberBytes, conf);
   if (error == ENOENT) return RemoveDropIn(dir, file);
-  return error == 0 && !LendsItsDropIns(packageName) && MakeDirectory(dir) &&
+  return error == 0 && !LendsItsDropIns(packageName) &&
+         (mkdir(dir.c_str(), 0755) == 0 || errno == EEXIST) &&
          VexaReplaceFile(file, kTemporaryPath, conf) == 0;
 }
 
@@ -95,7 +97,7 @@ bool UnitGenerator::Init(const std::string& name, const std::string& dir) {
 bool UnitGenerator::ToFile() const {
   const std::string path = std::string(kUnitDir) + "/pkgctl-" + info_.name + ".service";
   // The drop-in comes first: a unit is never there without the settings that its package asks for.
-  return MakeDirectory(kUnitDir) && UpdateDropIn(info_.name, path + ".d", dir_ + "/conf") &&
+  return MakeUnitDir() && UpdateDropIn(info_.name, path + ".d", dir_ + "/conf") &&
          VexaReplaceFile(path, kTemporaryPath, UnitText(info_)) == 0;
 }
 
