@@ -5,5 +5,5 @@
 /// The longest member that is extracted, and the longest conf and policy file that is read.
 inline constexpr std::size_t kMaxMemberBytes = 16 * 1024 * 1024;
 
-/// The longest INFO that is parsed: parsed, it can take sixty times as much memory.
+/// The longest INFO that is parsed: parsed, it can take a hundred times as much memory.
 inline constexpr std::size_t kMaxInfoBytes = 1024 * 1024;
