@@ -1,5 +1,6 @@
 #include <vexacore/vexacore.h>
 
+#include <boost/filesystem/file_status.hpp>
 #include <boost/filesystem/operations.hpp>
 #include <exception>
 

@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <string_view>
 
 #include "member_limit.h"

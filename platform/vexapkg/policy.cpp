@@ -1,14 +1,15 @@
-
 #include <vexacore/file.h>
 #include <vexapkg/builtin_policy.h>
 #include <vexapkg/policy_text.h>
 
+#include <boost/filesystem/file_status.hpp>
 #include <boost/filesystem/operations.hpp>
 #include <cerrno>
 #include <cstring>
 #include <map>
 #include <optional>
 #include <stdexcept>
+#include <string>
 
 #include "json.h"
 #include "member_limit.h"

@@ -8,7 +8,9 @@
 #include <boost/algorithm/string/join.hpp>
 #include <boost/filesystem/operations.hpp>
 #include <cerrno>
+#include <set>
 #include <sstream>
+#include <string>
 
 #include "member_limit.h"
 

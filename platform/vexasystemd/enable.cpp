@@ -1,4 +1,3 @@
-#include <sys/stat.h>
 #include <unistd.h>
 #include <vexacore/file.h>
 #include <vexasystemd/vexasystemd.h>
@@ -8,6 +7,7 @@
 #include <boost/filesystem/operations.hpp>
 #include <cerrno>
 #include <climits>
+#include <string>
 #include <string_view>
 
 #include "install_section.h"
