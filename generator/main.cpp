@@ -3,6 +3,7 @@
 #include <boost/filesystem/file_status.hpp>
 #include <boost/filesystem/operations.hpp>
 #include <exception>
+#include <new>
 
 #include "generator/builtin_package_pass.h"
 #include "generator/paths.h"
@@ -23,6 +24,14 @@ void CorrectConfigurationAfterUpgrade() {
     WriteKernelLog("Failed to touch flag [%s]", kCorrectCfgFlag.c_str());
 }
 
+/// With no memory left for the message either, the exit status has to do.
+void LogFailure(const std::exception& error) {
+  try {
+    WriteKernelLog("Failed to run generator, reason=[%s]", error.what());
+  } catch (const std::bad_alloc&) {
+  }
+}
+
 }  // namespace
 
 int main(int argc, char**) {
@@ -31,7 +40,7 @@ int main(int argc, char**) {
     ProcessBuiltinPackages();
     CorrectConfigurationAfterUpgrade();
   } catch (const std::exception& error) {
-    WriteKernelLog("Failed to run generator, reason=[%s]", error.what());
+    LogFailure(error);
     return 1;
   }
   return 0;

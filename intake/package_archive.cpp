@@ -7,12 +7,12 @@
 #include "log/kernel_log.h"
 
 bool CreateTempDir(std::string& dir) {
-  char path[4096] = "/tmp/vexapkg_XXXXXX";
-  if (mkdtemp(path) == nullptr) {
+  std::string path = "/tmp/vexapkg_XXXXXX";
+  if (mkdtemp(path.data()) == nullptr) {
     WriteKernelLog("Failed to mkdtemp under /tmp [%m]");
     return false;
   }
-  dir = path;
+  dir.swap(path);  // a copy could fail, and nobody would remove the directory
   return true;
 }
 

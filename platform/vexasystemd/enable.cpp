@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <boost/filesystem/operations.hpp>
 #include <cerrno>
 #include <climits>
 #include <string>
@@ -58,17 +57,18 @@ bool PointsTo(const std::string& link, const std::string& target) {
   return length >= 0 && target == std::string(text.data(), static_cast<std::size_t>(length));
 }
 
-bool MakeLink(const std::string& link, const std::string& target) {
-  return symlink(target.c_str(), link.c_str()) == 0 || (errno == EEXIST && PointsTo(link, target));
+/// 0 when the link is there and points to `target`, else an errno value.
+int MakeLink(const std::string& link, const std::string& target) {
+  if (symlink(target.c_str(), link.c_str()) == 0) return 0;
+  const int error = errno;
+  return error == EEXIST && PointsTo(link, target) ? 0 : error;
 }
 
 bool LinkIntoDirectory(const std::string& dir, const std::string& unit, const std::string& path) {
   const std::string link = dir + "/" + unit;
-  if (MakeLink(link, path)) return true;
-  if (errno != ENOENT) return false;
-  boost::system::error_code error;
-  boost::filesystem::create_directories(dir, error);
-  return !error && MakeLink(link, path);
+  int error = MakeLink(link, path);
+  if (error == ENOENT && VexaMakeDirectories(dir) == 0) error = MakeLink(link, path);
+  return error == 0;
 }
 
 }  // namespace

@@ -36,6 +36,11 @@ TEST_F(KernelLog, WritesPlainMessagesWithExactlyThisCommand) {
   EXPECT_EQ(Calls(), "log \nlog path=[$x `y` \"*\" \\n] [0x002B a.c:7]\n");
 }
 
+TEST_F(KernelLog, KeepsWhatStandsBeforeAConversionThatFails) {
+  WriteKernelLog("path=[%s] %lc", "a", static_cast<wint_t>(0x20AC));  // the locale is "C"
+  EXPECT_EQ(Calls(), "log path=[a] \n");
+}
+
 TEST_F(KernelLog, BringsEveryMessageInOneWriteAndUnchanged) {
   string bytes;
   for (int byte = 1; byte < 256; ++byte) bytes += static_cast<char>(byte);
