@@ -19,13 +19,9 @@ call failed vexapkgctl enable Poor Rich
 call failed vexapkgctl start Bad
 call failed vexapkgctl start Poor
 state degraded
-show default.target ActiveState=active
-show pkg-install-high-priority-builtin.service ActiveState=active Result=success
-show pkg-install-low-priority-builtin.service ActiveState=active Result=success
-show pkgctl-Bad.service ActiveState=failed Result=exit-code
-show pkgctl-Good.service ActiveState=active
-show pkgctl-Poor.service ActiveState=failed Result=exit-code
-show pkgctl-Rich.service ActiveState=active
+show default.target,pkgctl-Good.service,pkgctl-Rich.service ActiveState=active
+show pkg-install-high-priority-builtin.service,pkg-install-low-priority-builtin.service ActiveState=active Result=success
+show pkgctl-Bad.service,pkgctl-Poor.service ActiveState=failed Result=exit-code
 order pkg-install-high-priority-builtin.service finished < pkgctl-Good.service started
 order pkg-install-low-priority-builtin.service finished < pkgctl-Rich.service started
 order failed vexapkg install …/Bad.vpk …/Good.vpk < begin vexapkgctl enable Bad Good

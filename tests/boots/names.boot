@@ -37,5 +37,4 @@ call vexapkgctl start Low1
 call vexapkgctl start Low2
 call vexapkgctl start Low3
 call vexapkgctl start Low4
-show pkg-install-high-priority-builtin.service Result=success ExecStartPre=
-show pkg-install-low-priority-builtin.service Result=success ExecStartPre=
+show pkg-install-high-priority-builtin.service,pkg-install-low-priority-builtin.service Result=success ExecStartPre=

@@ -9,7 +9,5 @@ file /after-boot
 mode /after-boot 0755
 --
 show default.target ActiveState=active
-show pkg-install-high-priority-builtin.service LoadState=not-found
-show pkg-install-low-priority-builtin.service LoadState=not-found
-show vexa-high-priority-packages.target Wants=
-show vexa-low-priority-packages.target Wants=
+show pkg-install-high-priority-builtin.service,pkg-install-low-priority-builtin.service LoadState=not-found
+show vexa-high-priority-packages.target,vexa-low-priority-packages.target Wants=

@@ -10,12 +10,10 @@ log pass: Alpha.vpk Gamma.vpk
 call vexapkg install --daemon-reload 0 --job-name install_low_builtin_pkgs /.VexaUpgradePackages/Gamma.vpk
 call vexapkgctl enable Gamma
 call vexapkgctl start Gamma
-show default.target ActiveState=active
 show example-idle.service ActiveState=inactive
 show pkg-install-high-priority-builtin.service Requisite=example-idle.service ActiveState=inactive InactiveExitTimestampMonotonic=0
 show pkgctl-Alpha.service InactiveExitTimestampMonotonic=0
-show pkg-install-low-priority-builtin.service ActiveState=active
-show pkgctl-Gamma.service ActiveState=active
+show default.target,pkg-install-low-priority-builtin.service,pkgctl-Gamma.service ActiveState=active
 journal 1 Dependency failed for pkg-install-high-priority-builtin.service
 journal 1 pkg-install-high-priority-builtin.service: Job pkg-install-high-priority-builtin.service/start failed with result 'dependency'.
 journal 1 Dependency failed for pkgctl-Alpha.service

@@ -26,8 +26,7 @@ show default.target ActiveState=active
 show pkg-install-high-priority-builtin.service ActiveState=active Result=success NeedDaemonReload=no WantedBy=vexa-high-priority-packages.target Slice=package_center.slice
 show pkg-install-low-priority-builtin.service ActiveState=active Result=success NeedDaemonReload=no WantedBy=vexa-low-priority-packages.target Slice=package_center.slice
 show pkgctl-Alpha.service ActiveState=active WantedBy=vexa-high-priority-packages.target
-show pkgctl-Beta.service LoadState=loaded ActiveState=inactive InactiveExitTimestampMonotonic=0
-show pkgctl-Delta.service LoadState=loaded ActiveState=inactive InactiveExitTimestampMonotonic=0
+show pkgctl-Beta.service,pkgctl-Delta.service LoadState=loaded ActiveState=inactive InactiveExitTimestampMonotonic=0
 show pkgctl-Gamma.service ActiveState=active WantedBy=vexa-low-priority-packages.target Nice=5
 order example-db.service finished < pkg-install-high-priority-builtin.service started
 order vexa-service-tmp.service finished < pkg-install-high-priority-builtin.service started
