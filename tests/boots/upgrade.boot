@@ -29,11 +29,9 @@ show pkgctl-Alpha.service ActiveState=active WantedBy=vexa-high-priority-package
 show pkgctl-Beta.service,pkgctl-Delta.service LoadState=loaded ActiveState=inactive InactiveExitTimestampMonotonic=0
 show pkgctl-Gamma.service ActiveState=active WantedBy=vexa-low-priority-packages.target Nice=5
 order example-db.service finished < pkg-install-high-priority-builtin.service started
-order vexa-service-tmp.service finished < pkg-install-high-priority-builtin.service started
-order pkg-install-high-priority-builtin.service finished < pkgctl-Alpha.service started
-order pkg-volume.target finished < pkg-install-low-priority-builtin.service started
+order vexa-service-tmp.service finished < pkg-install-high-priority-builtin.service started < pkg-install-high-priority-builtin.service finished < pkgctl-Alpha.service started
+order pkg-volume.target finished < pkg-install-low-priority-builtin.service started < pkg-install-low-priority-builtin.service finished < pkgctl-Gamma.service started
 order vexa-login.target finished < pkg-install-low-priority-builtin.service started
-order pkg-install-low-priority-builtin.service finished < pkgctl-Gamma.service started
 order pkg-install-low-priority-builtin.service finished < pkg-builtin-resource-clearer.service started
 order begin vexapkg install …/Beta.vpk < done vexapkg install …/Alpha.vpk < begin vexapkgctl enable Alpha
 order begin vexapkg install …/Alpha.vpk < done vexapkg install …/Beta.vpk < begin vexapkgctl enable Alpha
