@@ -28,6 +28,11 @@ Lines Deliver(string call) {
   return writes;
 }
 
+TEST_F(KernelLog, KeepsWhatStandsBeforeAConversionThatFails) {
+  WriteKernelLog("path=[%s] %lc", "a", static_cast<wint_t>(0x20AC));  // the locale is "C"
+  EXPECT_EQ(Calls(), "log path=[a] ");
+}
+
 TEST_F(KernelLog, BringsEveryMessageInOneWriteAndUnchanged) {
   WriteKernelLog("path=[%s] [0x%04X %s:%d]", "$x `y` \"*\" \\n", 0x2Bu, "a.c", 7);
   EXPECT_EQ(Calls(), "log path=[$x `y` \"*\" \\n] [0x002B a.c:7]");  // exactly this command
