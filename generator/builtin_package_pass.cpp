@@ -2,6 +2,7 @@
 
 #include <vexacore/vexacore.h>
 
+#include <boost/filesystem/file_status.hpp>
 #include <boost/filesystem/operations.hpp>
 
 #include "generator/paths.h"

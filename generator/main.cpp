@@ -1,5 +1,6 @@
 #include <vexacore/vexacore.h>
 
+#include <boost/filesystem/file_status.hpp>
 #include <boost/filesystem/operations.hpp>
 #include <exception>
 
@@ -22,6 +23,14 @@ void CorrectConfigurationAfterUpgrade() {
     WriteKernelLog("Failed to touch flag [%s]", kCorrectCfgFlag.c_str());
 }
 
+/// When the message fails as well, for want of memory, the exit status has to do.
+void LogFailure(const std::exception& error) {
+  try {
+    WriteKernelLog("Failed to run generator, reason=[%s]", error.what());
+  } catch (const std::exception&) {
+  }
+}
+
 }  // namespace
 
 int main(int argc, char**) {
@@ -30,7 +39,7 @@ int main(int argc, char**) {
     ProcessBuiltinPackages();
     CorrectConfigurationAfterUpgrade();
   } catch (const std::exception& error) {
-    WriteKernelLog("Failed to run generator, reason=[%s]", error.what());
+    LogFailure(error);
     return 1;
   }
   return 0;

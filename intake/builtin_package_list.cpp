@@ -1,8 +1,10 @@
 #include "intake/builtin_package_list.h"
 
-#include <boost/filesystem/operations.hpp>
+#include <boost/filesystem/directory.hpp>
+#include <boost/filesystem/path.hpp>
 #include <boost/scope_exit.hpp>
 #include <set>
+#include <string>
 #include <utility>
 
 #include "generator/paths.h"

@@ -4,10 +4,13 @@
 #include <vexapkg/package_core.h>
 #include <vexautils/process_runner.h>
 
+#include <cstring>
+
 #include "log/kernel_log.h"
 
 bool CreateTempDir(std::string& dir) {
   char path[4096] = "/tmp/vexapkg_XXXXXX";
+  dir.reserve(std::strlen(path));  // later this could fail, and nobody would remove the directory
   if (mkdtemp(path) == nullptr) {
     WriteKernelLog("Failed to mkdtemp under /tmp [%m]");
     return false;

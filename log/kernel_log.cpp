@@ -19,10 +19,10 @@ const char* CommandFor(const std::string& message) {
 }  // namespace
 
 void WriteKernelLog(const char* format, ...) {
-  std::array<char, 512> buffer;  // nothing may touch errno before the formatting: "%m"
+  std::array<char, 512> buffer{};  // nothing may touch errno before the formatting: "%m"
   va_list arguments;
   va_start(arguments, format);
-  if (std::vsnprintf(buffer.data(), buffer.size(), format, arguments) < 0) buffer[0] = '\0';
+  std::vsnprintf(buffer.data(), buffer.size(), format, arguments);
   va_end(arguments);
 
   std::string message = buffer.data();

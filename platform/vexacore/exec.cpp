@@ -12,25 +12,24 @@
 
 namespace {
 
-/// Standard input, output and error on /dev/null. Made once per process: the C library spends a
-/// system call on every descriptor that is added.
-struct DevNullActions {
-  posix_spawn_file_actions_t actions;
-  int error;
-
-  DevNullActions() : error(posix_spawn_file_actions_init(&actions)) {
-    if (error == 0)
-      error = posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDWR, 0);
-    for (const int fd : {STDOUT_FILENO, STDERR_FILENO})
-      if (error == 0) error = posix_spawn_file_actions_adddup2(&actions, STDIN_FILENO, fd);
-  }
-};
+/// Standard input, output and error on /dev/null. Made once per process, since the C library spends
+/// a system call on every descriptor that is added, but anew after a failure.
+int MakeDevNullActions(posix_spawn_file_actions_t& actions) {
+  int error = posix_spawn_file_actions_init(&actions);
+  if (error != 0) return error;
+  error = posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, "/dev/null", O_RDWR, 0);
+  for (const int fd : {STDOUT_FILENO, STDERR_FILENO})
+    if (error == 0) error = posix_spawn_file_actions_adddup2(&actions, STDIN_FILENO, fd);
+  if (error != 0) posix_spawn_file_actions_destroy(&actions);
+  return error;
+}
 
 int SpawnOnDevNull(pid_t& pid, const char* program, const char* const* argv) {
-  static const DevNullActions devNull;
-  if (devNull.error != 0) return devNull.error;
-  return posix_spawn(&pid, program, &devNull.actions, nullptr, const_cast<char* const*>(argv),
-                     environ);
+  static posix_spawn_file_actions_t devNull;
+  static int error = -1;
+  if (error != 0) error = MakeDevNullActions(devNull);
+  if (error != 0) return error;
+  return posix_spawn(&pid, program, &devNull, nullptr, const_cast<char* const*>(argv), environ);
 }
 
 }  // namespace

@@ -12,6 +12,8 @@
 #include <cerrno>
 #include <cstdint>
 #include <memory>
+#include <new>
+#include <string>
 #include <string_view>
 
 #include "member_limit.h"
@@ -20,6 +22,7 @@ namespace VEXAPackageCore {
 namespace {
 
 using ArchiveReader = std::unique_ptr<archive, decltype(&archive_read_free)>;
+using ArchiveEntry = std::unique_ptr<archive_entry, decltype(&archive_entry_free)>;
 
 /// The archive file under libarchive's reader. A block holds a header and, beside it, a small
 /// member; everything in between is passed over by moving `offset`, at no cost.
@@ -51,32 +54,28 @@ la_int64_t SkipForward(archive*, void* data, la_int64_t request) {
   return skipped;
 }
 
-/// Null when the file can't be read, is not a regular file or is no tar archive.
-ArchiveReader OpenTar(ArchiveFile& file) {
-  ArchiveReader reader(archive_read_new(), archive_read_free);
-  if (!reader || archive_read_support_format_tar(reader.get()) != ARCHIVE_OK ||
-      archive_read_set_read_callback(reader.get(), ReadBlock) != ARCHIVE_OK ||
-      archive_read_set_skip_callback(reader.get(), SkipForward) != ARCHIVE_OK ||
-      archive_read_set_callback_data(reader.get(), &file) != ARCHIVE_OK ||
-      archive_read_open1(reader.get()) != ARCHIVE_OK)
-    reader.reset();
-  return reader;
+/// False when the file can't be read, is not a regular file or is no tar archive.
+bool OpenTar(archive* reader, ArchiveFile& file) {
+  return archive_read_support_format_tar(reader) == ARCHIVE_OK &&
+         archive_read_set_read_callback(reader, ReadBlock) == ARCHIVE_OK &&
+         archive_read_set_skip_callback(reader, SkipForward) == ARCHIVE_OK &&
+         archive_read_set_callback_data(reader, &file) == ARCHIVE_OK &&
+         archive_read_open1(reader) == ARCHIVE_OK;
 }
 
 /// ARCHIVE_WARN is a member whose name the locale can't show; it is a member all the same.
 bool HasMember(int result) { return result == ARCHIVE_OK || result == ARCHIVE_WARN; }
 
-/// The header of the first member of that name, or null.
-archive_entry* FindMember(archive* reader, std::string_view member) {
-  archive_entry* entry = nullptr;
-  while (HasMember(archive_read_next_header(reader, &entry))) {
+/// Reads on to the first member of that name; false when there is none.
+bool FindMember(archive* reader, archive_entry* entry, std::string_view member) {
+  while (HasMember(archive_read_next_header2(reader, entry))) {
     const char* path = archive_entry_pathname(entry);
     std::string_view name = path != nullptr ? path : "";
     if (name.starts_with("./")) name.remove_prefix(2);
     if (name.ends_with('/')) name.remove_suffix(1);  // a directory
-    if (name == member) return entry;
+    if (name == member) return true;
   }
-  return nullptr;
+  return false;
 }
 
 bool IsAcceptedFile(archive_entry* entry) {
@@ -102,12 +101,19 @@ bool ExtractMember(const std::string& archivePath, const std::string& destDir,
   ArchiveFile file;
   file.fd = fd;
   file.size = info.st_size;
-  const ArchiveReader reader = OpenTar(file);
-  if (!reader) return false;
-  archive_entry* entry = FindMember(reader.get(), member);
+  const ArchiveReader reader(archive_read_new(), archive_read_free);
+  // Not left to the reader, which goes on without one when memory is missing.
+  const ArchiveEntry entry(archive_entry_new2(reader.get()), archive_entry_free);
+  if (!reader || !entry) throw std::bad_alloc();
+  const bool opened = OpenTar(reader.get(), file);
   std::string content;
-  return entry != nullptr && IsAcceptedFile(entry) && ReadMember(reader.get(), entry, content) &&
-         VexaWriteNewFile(destDir + "/" + member, 0600, content) == 0;
+  const bool found = opened && FindMember(reader.get(), entry.get(), member) &&
+                     IsAcceptedFile(entry.get()) && ReadMember(reader.get(), entry.get(), content);
+  // That an archive has no such member must not be concluded from a lack of memory. Opening tells
+  // of every other failure.
+  const int error = archive_errno(reader.get());
+  if (!found && (error == ENOMEM || (!opened && error == 0))) throw std::bad_alloc();
+  return found && VexaWriteNewFile(destDir + "/" + member, 0600, content) == 0;
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include <vexacore/file.h>
 #include <vexapkg/package_info.h>
 
+#include <set>
+#include <string>
 #include <utility>
 
 #include "json.h"

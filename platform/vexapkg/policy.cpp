@@ -1,14 +1,14 @@
-
+#include <sys/stat.h>
 #include <vexacore/file.h>
 #include <vexapkg/builtin_policy.h>
 #include <vexapkg/policy_text.h>
 
-#include <boost/filesystem/operations.hpp>
 #include <cerrno>
 #include <cstring>
 #include <map>
 #include <optional>
 #include <stdexcept>
+#include <string>
 
 #include "json.h"
 #include "member_limit.h"
@@ -51,8 +51,8 @@ Policy LoadPolicy() {
   std::string text;
   const int error = VexaReadFile(kPolicyFile, kMaxMemberBytes, text);
   if (error == ENOENT || error == ENOTDIR) {
-    boost::system::error_code unused;
-    if (!is_symlink(boost::filesystem::symlink_status(kPolicyFile, unused))) return {};
+    struct stat info;
+    if (lstat(kPolicyFile, &info) < 0) return {};
     ThrowPolicyError("a link to nothing");
   }
   if (error != 0) ThrowPolicyError(error == EINVAL ? "not a regular file" : std::strerror(error));

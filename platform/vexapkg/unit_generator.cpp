@@ -6,9 +6,10 @@
 
 #include <algorithm>
 #include <boost/algorithm/string/join.hpp>
-#include <boost/filesystem/operations.hpp>
 #include <cerrno>
+#include <set>
 #include <sstream>
+#include <string>
 
 #include "member_limit.h"
 
@@ -19,12 +20,6 @@ const char kUnitDir[] = "/run/systemd/system";
 
 /// Units are made one after the other, so one name serves them all; systemd passes over it.
 const char kTemporaryPath[] = "/run/systemd/system/.vexapkg.tmp";
-
-bool MakeUnitDir() {
-  boost::system::error_code error;
-  boost::filesystem::create_directories(kUnitDir, error);
-  return !error;
-}
 
 std::string UnitText(const PackageInfo& info) {
   const std::set<std::string>& prerequisites = info.extra.prerequisiteUnits;
@@ -97,7 +92,8 @@ bool UnitGenerator::Init(const std::string& name, const std::string& dir) {
 bool UnitGenerator::ToFile() const {
   const std::string path = std::string(kUnitDir) + "/pkgctl-" + info_.name + ".service";
   // The drop-in comes first: a unit is never there without the settings that its package asks for.
-  return MakeUnitDir() && UpdateDropIn(info_.name, path + ".d", dir_ + "/conf") &&
+  return VexaMakeDirectories(kUnitDir) == 0 &&
+         UpdateDropIn(info_.name, path + ".d", dir_ + "/conf") &&
          VexaReplaceFile(path, kTemporaryPath, UnitText(info_)) == 0;
 }
 

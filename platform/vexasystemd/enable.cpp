@@ -1,13 +1,12 @@
-#include <sys/stat.h>
 #include <unistd.h>
 #include <vexacore/file.h>
 #include <vexasystemd/vexasystemd.h>
 
 #include <algorithm>
 #include <array>
-#include <boost/filesystem/operations.hpp>
 #include <cerrno>
 #include <climits>
+#include <string>
 #include <string_view>
 
 #include "install_section.h"
@@ -24,8 +23,8 @@ std::string TypeOf(const std::string& unit) {
   return dot == std::string::npos ? "" : unit.substr(dot);
 }
 
-/// By systemd's rules, like the check of prerequisite units in the generator, which knows nothing
-/// of this library. A template has no name that a target could want, so it counts as none.
+/// By the rules of systemd, which the generator has in its own code as well, for the units that
+/// packages name. A target can't want a template, so a template's name is refused.
 bool IsUnitName(const std::string& name) {
   static constexpr std::array<std::string_view, 11> types = {
       ".automount", ".device", ".mount", ".path",   ".scope", ".service",
@@ -58,17 +57,18 @@ bool PointsTo(const std::string& link, const std::string& target) {
   return length >= 0 && target == std::string(text.data(), static_cast<std::size_t>(length));
 }
 
-bool MakeLink(const std::string& link, const std::string& target) {
-  return symlink(target.c_str(), link.c_str()) == 0 || (errno == EEXIST && PointsTo(link, target));
+/// 0 when the link is there and points to `target`, else an errno value.
+int MakeLink(const std::string& link, const std::string& target) {
+  if (symlink(target.c_str(), link.c_str()) == 0) return 0;
+  const int error = errno;
+  return error == EEXIST && PointsTo(link, target) ? 0 : error;
 }
 
 bool LinkIntoDirectory(const std::string& dir, const std::string& unit, const std::string& path) {
   const std::string link = dir + "/" + unit;
-  if (MakeLink(link, path)) return true;
-  if (errno != ENOENT) return false;
-  boost::system::error_code error;
-  boost::filesystem::create_directories(dir, error);
-  return !error && MakeLink(link, path);
+  int error = MakeLink(link, path);
+  if (error == ENOENT && VexaMakeDirectories(dir) == 0) error = MakeLink(link, path);
+  return error == 0;
 }
 
 }  // namespace

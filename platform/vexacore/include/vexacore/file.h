@@ -5,7 +5,7 @@
 #include <string_view>
 
 /// For the other libraries of the platform. No call blocks on a FIFO or device, logs or records an
-/// error; each returns 0 or an errno value.
+/// error; each returns 0 or an errno value, and throws std::bad_alloc only.
 
 /// Reads a regular file whole into `content`, following links. EFBIG when it is longer than
 /// `maxBytes`, EINVAL when it is no regular file; `content` is then unspecified.
@@ -20,3 +20,7 @@ int VexaWriteNewFile(const std::string& path, unsigned mode, std::string_view co
 /// never holds a part of the content, and after a failure the temporary file is gone.
 int VexaReplaceFile(const std::string& path, const std::string& temporaryPath,
                     std::string_view content);
+
+/// Makes the directory `path` with mode 0755 (less the umask), and those above it that are missing.
+/// 0 also when there is something at `path` already, a directory or not.
+int VexaMakeDirectories(const std::string& path);

@@ -35,7 +35,8 @@ class PackageVpkServiceImpl {
   /// 0600 into the directory `destDir`. Takes the first member of that name, which must be a
   /// regular file of at most 16 MiB, and reads the archive no further; members before it are passed
   /// over, not unpacked. Never blocks on what is no regular file. Returns 0 on success; another
-  /// value, with no file left behind, on failure. Logs nothing.
+  /// value, with no file left behind, on failure. Logs nothing. Without memory it throws
+  /// std::bad_alloc, or libarchive ends the process with status 1.
   int ExtractFile(const std::string& archivePath, const std::string& destDir,
                   const std::string& member);
 };
