@@ -36,7 +36,7 @@ struct Generator : testing::Test {
   /// The calls so far, one a line: temporary directories numbered as DIR1, DIR2 in order of their
   /// first use; the command for a log message of one line as "log " + message.
   static std::string Calls() {
-    std::string text = boost::join(recording.calls, "\n");
+    std::string text = boost::join(recording.calls, std::string("\n"));
     boost::replace_all(text, R"(VLIBCExec "/bin/bash" "-c" "echo 'vexa-pkg-generator: )", "log ");
     boost::replace_all(text, "' > /dev/kmsg\" null null", "");
     const std::string begin = "/tmp/vexapkg_";
