@@ -4,6 +4,7 @@
 
 #include "fuzz.h"
 #include "intake/package_names.h"
+#include "intake/unit_names.h"
 
 void Check(const std::string& input) {
   std::ofstream("/tmp/INFO") << input;

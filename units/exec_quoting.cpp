@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "intake/package_names.h"
+#include "intake/unit_names.h"
 
 std::string QuoteForBash(const std::string& text) {
   if (!text.empty() && ConsistsOfLettersDigitsAnd("/._-+:@,=", text)) return text;

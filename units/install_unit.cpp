@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "generator/paths.h"
-#include "intake/package_names.h"
+#include "intake/unit_names.h"
 #include "units/exec_quoting.h"
 #include "units/unit_file.h"
 
@@ -18,6 +18,7 @@ namespace {
 using boost::algorithm::join;
 using boost::property_tree::ptree;
 using StringSet = std::set<std::string>;
+using Packages = std::vector<const BuiltinPackage*>;
 using Words = std::vector<std::string>;
 
 constexpr unsigned kThreadsForParallelInstall = 4;
@@ -26,11 +27,17 @@ const char kResourceClearer[] = "pkg-builtin-resource-clearer.service";
 const char kInstall[] = "/usr/vexa/bin/vexapkg install --daemon-reload 0 ";
 const char kEnable[] = "/usr/vexa/sbin/vexapkgctl enable ";
 
-bool NeedsVolume(bool highPriority, const BuiltinPackageList& packages) {
-  return !highPriority &&
-         std::any_of(packages.begin(), packages.end(), [](const BuiltinPackage& package) {
-           return !package.isHighPriority && package.info.placement != "system";
-         });
+Packages PackagesOfPriority(bool highPriority, const BuiltinPackageList& list) {
+  Packages packages;
+  for (const BuiltinPackage& package : list)
+    if (package.isHighPriority == highPriority) packages.push_back(&package);
+  return packages;
+}
+
+bool NeedsVolume(bool highPriority, const Packages& packages) {
+  return !highPriority && std::any_of(packages.begin(), packages.end(), [](const auto* package) {
+    return package->info.placement != "system";
+  });
 }
 
 std::string SequentialScript(const std::string& install, const Words& archives,
@@ -57,12 +64,11 @@ std::string InstallScript(bool highPriority, const Words& archives, const String
   return ParallelScript(archives, enabled);
 }
 
-std::string InstallCommand(bool highPriority, const BuiltinPackageList& packages) {
+std::string InstallCommand(bool highPriority, const Packages& packages) {
   StringSet archivePaths, enabled;
-  for (const BuiltinPackage& package : packages) {
-    if (package.isHighPriority != highPriority) continue;
-    archivePaths.insert(package.archivePath);
-    if (package.config.enable) enabled.insert(package.info.name);
+  for (const BuiltinPackage* package : packages) {
+    archivePaths.insert(package->archivePath);
+    if (package->config.enable) enabled.insert(package->info.name);
   }
   if (archivePaths.empty()) return "/bin/true";
   Words archives;
@@ -71,18 +77,17 @@ std::string InstallCommand(bool highPriority, const BuiltinPackageList& packages
          "\"";
 }
 
-ptree UnitSection(bool highPriority, const BuiltinPackageList& packages) {
+ptree UnitSection(bool highPriority, const Packages& packages) {
   StringSet requisite;
   StringSet after = {"pkg-root.target",
                      highPriority ? "vexa-service-tmp.service" : "vexa-login.target"};
   StringSet before;
   if (!highPriority) before.insert(kResourceClearer);
-  for (const BuiltinPackage& package : packages) {
-    if (package.isHighPriority != highPriority) continue;
-    const StringSet& prerequisites = package.info.extra.prerequisiteUnits;
+  for (const BuiltinPackage* package : packages) {
+    const StringSet& prerequisites = package->info.extra.prerequisiteUnits;
     requisite.insert(prerequisites.begin(), prerequisites.end());
     after.insert(prerequisites.begin(), prerequisites.end());
-    before.insert(StartupUnitName(package.info.name));
+    before.insert(StartupUnitName(package->info.name));
   }
   std::string required = "pkg-root.target";
   if (NeedsVolume(highPriority, packages)) {
@@ -103,7 +108,7 @@ ptree UnitSection(bool highPriority, const BuiltinPackageList& packages) {
   return section;
 }
 
-ptree ServiceSection(bool highPriority, const BuiltinPackageList& packages) {
+ptree ServiceSection(bool highPriority, const Packages& packages) {
   ptree section;
   section.put("Type", "oneshot");
   section.put("RemainAfterExit", "yes");
@@ -117,12 +122,13 @@ ptree ServiceSection(bool highPriority, const BuiltinPackageList& packages) {
 }  // namespace
 
 void GenBuiltinInstallUnit(bool highPriority, const BuiltinPackageList& packages) {
+  const Packages chosen = PackagesOfPriority(highPriority, packages);
   ptree install;
   install.put("WantedBy", highPriority ? "vexa-high-priority-packages.target"
                                        : "vexa-low-priority-packages.target");
   ptree unit;
-  unit.add_child("Unit", UnitSection(highPriority, packages));
-  unit.add_child("Service", ServiceSection(highPriority, packages));
+  unit.add_child("Unit", UnitSection(highPriority, chosen));
+  unit.add_child("Service", ServiceSection(highPriority, chosen));
   unit.add_child("Install", install);
   WriteAndEnableUnit(highPriority ? "pkg-install-high-priority-builtin.service"
                                   : "pkg-install-low-priority-builtin.service",

@@ -6,7 +6,7 @@
 #include <boost/scope_exit.hpp>
 
 #include "intake/package_archive.h"
-#include "intake/package_names.h"
+#include "intake/unit_names.h"
 #include "log/kernel_log.h"
 
 void GenBuiltinStartupUnit(const std::string& archivePath, const VEXAPackageTool::PackageInfo& info,

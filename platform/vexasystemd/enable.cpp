@@ -23,8 +23,8 @@ std::string TypeOf(const std::string& unit) {
   return dot == std::string::npos ? "" : unit.substr(dot);
 }
 
-/// By systemd's rules, like the check of prerequisite units in the generator, which knows nothing
-/// of this library. A template has no name that a target could want, so it counts as none.
+/// By the rules of systemd, which the generator has in its own code as well, for the units that
+/// packages name. A target can't want a template, so a template's name is refused.
 bool IsUnitName(const std::string& name) {
   static constexpr std::array<std::string_view, 11> types = {
       ".automount", ".device", ".mount", ".path",   ".scope", ".service",
