@@ -27,6 +27,7 @@ std::string UnitText(const PackageInfo& info) {
   after.insert("pkg-root.target");
   const char* priority = PackageBuiltin::IsHighPriorityPackage(info.name) ? "high" : "low";
   std::ostringstream text;
+  text.exceptions(std::ios::badbit);  // else a lack of memory would cut the text short
   text << "[Unit]\n"
        << "Description=package " << info.name << "\n"
        << "IgnoreOnIsolate=yes\n"
