@@ -1,10 +1,5 @@
-// Preloaded into a program, makes one of the allocations after the start of main fail: number
-// FAIL_AT, or with FAIL_ON=1 that one and all after it; none when FAIL_AT is 0. How many there
-// were, the program writes into /allocations when it ends.
-#include <dlfcn.h>
-#include <fcntl.h>
-#include <unistd.h>
-
+// Preloaded into a program, makes allocation number FAIL_AT fail, or with FAIL_ON=1 that one and
+// all after it; none when FAIL_AT is 0. The program then leaves the number of all in /allocations.
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
@@ -13,52 +8,35 @@ extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t number, std::size_t size);
 void* __libc_realloc(void* old, std::size_t size);
-int __libc_start_main(int (*main)(int, char**, char**), int argc, char** argv, void (*init)(),
-                      void (*fini)(), void (*loaderFini)(), void* stackEnd);
 }
 
-namespace {
+static long count = 0, failAt = 0;
+static bool failOn = false;
 
-int (*realMain)(int, char**, char**);
-bool counting = false, failOn = false;
-long count = 0, failAt = 0;
-
-bool Fails() {
-  if (!counting || (failOn ? ++count < failAt : ++count != failAt)) return false;
-  errno = ENOMEM;
-  return true;
+static bool Fails() {
+  ++count;
+  const bool fails = failAt != 0 && (failOn ? count >= failAt : count == failAt);
+  if (fails) errno = ENOMEM;
+  return fails;
 }
 
-int CountedMain(int argc, char** argv, char** environment) {
+__attribute__((constructor)) static void Start() {
   failAt = std::atol(std::getenv("FAIL_AT"));
   failOn = std::getenv("FAIL_ON")[0] == '1';
   unsetenv("LD_PRELOAD");  // for the programs that it starts
-  counting = true;
-  return realMain(argc, argv, environment);
 }
 
-__attribute__((destructor)) void WriteCount() {
-  counting = false;
-  const int fd = open("/allocations", O_WRONLY | O_CREAT | O_TRUNC, 0600);
-  dprintf(fd, "%ld\n", count);
-  close(fd);
+__attribute__((destructor)) static void WriteCount() {
+  if (failAt != 0) return;
+  std::FILE* file = std::fopen("/allocations", "w");
+  std::fprintf(file, "%ld\n", count);
+  std::fclose(file);
 }
-
-}  // namespace
 
 extern "C" {
-
 void* malloc(std::size_t size) { return Fails() ? nullptr : __libc_malloc(size); }
 void* calloc(std::size_t number, std::size_t size) {
   return Fails() ? nullptr : __libc_calloc(number, size);
 }
 void* realloc(void* old, std::size_t size) { return Fails() ? nullptr : __libc_realloc(old, size); }
-
-int __libc_start_main(int (*main)(int, char**, char**), int argc, char** argv, void (*init)(),
-                      void (*fini)(), void (*loaderFini)(), void* stackEnd) {
-  realMain = main;
-  const auto start =
-      reinterpret_cast<decltype(&__libc_start_main)>(dlsym(RTLD_NEXT, "__libc_start_main"));
-  return start(CountedMain, argc, argv, init, fini, loaderFini, stackEnd);
-}
 }
