@@ -3,7 +3,6 @@
 #include <boost/filesystem/file_status.hpp>
 #include <boost/filesystem/operations.hpp>
 #include <exception>
-#include <new>
 
 #include "generator/builtin_package_pass.h"
 #include "generator/paths.h"
@@ -24,11 +23,11 @@ void CorrectConfigurationAfterUpgrade() {
     WriteKernelLog("Failed to touch flag [%s]", kCorrectCfgFlag.c_str());
 }
 
-/// With no memory left for the message either, the exit status has to do.
+/// When the message fails as well, for want of memory, the exit status has to do.
 void LogFailure(const std::exception& error) {
   try {
     WriteKernelLog("Failed to run generator, reason=[%s]", error.what());
-  } catch (const std::bad_alloc&) {
+  } catch (const std::exception&) {
   }
 }
 

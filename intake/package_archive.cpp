@@ -4,15 +4,18 @@
 #include <vexapkg/package_core.h>
 #include <vexautils/process_runner.h>
 
+#include <cstring>
+
 #include "log/kernel_log.h"
 
 bool CreateTempDir(std::string& dir) {
-  std::string path = "/tmp/vexapkg_XXXXXX";
-  if (mkdtemp(path.data()) == nullptr) {
+  char path[4096] = "/tmp/vexapkg_XXXXXX";
+  dir.reserve(std::strlen(path));  // later this could fail, and nobody would remove the directory
+  if (mkdtemp(path) == nullptr) {
     WriteKernelLog("Failed to mkdtemp under /tmp [%m]");
     return false;
   }
-  dir.swap(path);  // a copy could fail, and nobody would remove the directory
+  dir = path;
   return true;
 }
 

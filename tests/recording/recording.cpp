@@ -36,7 +36,7 @@ const ScriptedPackage& Package() { return recording.packages.at(lastArchive); }
 
 }  // namespace
 
-// Not of the platform, but as closed: this one takes the place of the standard library's.
+// In place of the standard library's, since a test can't choose the processors it runs on.
 unsigned std::thread::hardware_concurrency() noexcept {
   return static_cast<unsigned>(Call(4, "hardware_concurrency"));
 }

@@ -1,8 +1,7 @@
-#include <boost/algorithm/string/split.hpp>
-
 #include "intake/builtin_package_list.h"
 #include "intake/package_archive.h"
 #include "support.h"
+#include "units/startup_unit.h"
 
 namespace {
 
@@ -29,60 +28,48 @@ TEST_F(Intake, RefusesNamesBeforeThePolicyIsAsked) {
       {false, false, "|b|service|.service|b.|b.unit|b.Service|b.service |b@.service|@b.service"},
       {false, false, "b c.mount|b/c.mount|b$.mount|b;.mount|b\n.mount|b'.mount|b\".mount"},
       {false, false, "b%.mount|\xC3\xA4.mount|12345678" + x + ".service"}};
-  for (const auto& [accepted, isPackage, text] : rows) {
-    std::vector<string> values;
-    for (const string& value : boost::split(values, text, [](char c) { return c == '|'; })) {
-      ScriptedPackage& package = AddArchive("x.vpk", isPackage ? value : "A");
-      package.info.extra.prerequisiteUnits = {"a.service", isPackage ? "b.service" : value};
-      EXPECT_EQ(Collect().size(), accepted ? 1u : 0u) << value;
-      EXPECT_EQ(Calls().find("HighPriority") != string::npos, accepted) << value;
-      EXPECT_EQ(recording.calls.back().find("to accept package, pkg=[x.vpk] ") == string::npos,
-                accepted);
+  const auto collect = [&] {
+    for (const auto& [accepted, isPackage, text] : rows) {
+      Lines values;
+      for (const string& value : boost::split(values, text, [](char c) { return c == '|'; })) {
+        ScriptedPackage& package = AddArchive("x.vpk", isPackage ? value : "A");
+        package.info.extra.prerequisiteUnits = {"a.service", isPackage ? "b.service" : value};
+        EXPECT_EQ(Collect().size(), accepted ? 1u : 0u) << value;
+        EXPECT_EQ(Calls().find("HighPriority") != string::npos, accepted) << value;
+        EXPECT_EQ(Calls().find("to accept package, pkg=[x.vpk] ") == string::npos, accepted);
+      }
     }
-  }
-}
-
-TEST_F(Intake, PutsWhateverHasANameToThePolicy) {
-  AddArchive("1.vpk", "Left").loads = false;
-  AddArchive("2.vpk", "");
-  AddArchive("3.vpk", "Same").info.placement = "x";
-  AddArchive("4.vpk", "Same").info.placement = "y";
-  string list;
-  for (const BuiltinPackage& package : Collect())
-    list += package.fileName + ' ' + package.info.name + package.info.placement + '\n';
-  EXPECT_EQ(list, "1.vpk Left\n3.vpk Samex\n4.vpk Samey\n");
-  EXPECT_NE(Calls().find("untar INFO file from [/.VexaUpgradePackages/1.vpk]\n"), string::npos);
-  EXPECT_EQ(Calls().find("Package \"\""), string::npos) << "asked about a package without name";
-}
-
-TEST_F(Intake, ExtractsIntoAPrivateDirectoryOrNotAtAll) {
-  AddArchive("1.vpk", "A");
-  auto mode = std::filesystem::perms::none;
-  recording.answer = [&](const string& call, int usual) {
-    if (call.starts_with("ExtractFile"))
-      mode = std::filesystem::status(call.substr(call.find("/tmp/"), 19)).permissions();
-    return usual;
+    return HasFailure();
   };
-  EXPECT_EQ(Collect().size(), 1u);
-  EXPECT_EQ(mode, std::filesystem::perms::owner_all);
+  CallsOfProcess(collect, 0);
+}
+
+TEST_F(Intake, WithoutATemporaryDirectoryNothingIsExtracted) {
+  AddArchive("1.vpk", "A");
   std::filesystem::remove_all("/tmp");
   EXPECT_EQ(Collect().size(), 0u);
-  EXPECT_EQ(
-      Calls(),
-      "log Load info, pkg=[1.vpk]\nlog Failed to mkdtemp under /tmp [No such file or directory]\n"
-      "log Failed to untar INFO file from [/.VexaUpgradePackages/1.vpk]\nProcessRunner \"/bin/rm\" "
-      "\"/bin/rm\" \"-rf\" \"\" null null null null null null\nrun true false\n~ProcessRunner\n");
+  GenBuiltinStartupUnit("/a", {}, true);
+  const string failed = "log Failed to mkdtemp under /tmp [No such file or directory]\n";
+  const string removal =
+      "ProcessRunner \"/bin/rm\" \"/bin/rm\" \"-rf\" \"\" null null null null null null\n"
+      "run true false\n~ProcessRunner\n";
+  EXPECT_EQ(Calls(), "log Load info, pkg=[1.vpk]\n" + failed +
+                         "log Failed to untar INFO file from [/.VexaUpgradePackages/1.vpk]\n" +
+                         removal + "UnitGenerator\n" + failed + removal + "~UnitGenerator");
 }
 
 TEST_F(Intake, TriesAgainToMakeAServiceThatThrew) {
-  for (const std::size_t failing : {2u, 4u}) {
-    recording.throwAt = failing;
-    EXPECT_THROW(ExtractPackageFile("/a", "m", "/d", false), std::runtime_error);
-  }
-  EXPECT_TRUE(ExtractPackageFile("/a", "m", "/d", false));
-  EXPECT_EQ(Calls(),
+  const auto extract = [] {
+    for (const std::size_t failing : {2u, 4u}) {
+      recording.throwAt = failing;
+      EXPECT_THROW(ExtractPackageFile("/a", "m", "/d", false), std::runtime_error);
+    }
+    return ExtractPackageFile("/a", "m", "/d", false) && !HasFailure() ? 0 : 1;
+  };
+  EXPECT_EQ(CallsOfProcess(extract, 0),
             "ConfigurationService\nSettingService\nSettingService\nVpkService\nVpkService\n"
-            "ExtractFile \"/a\" \"/d\" \"m\"\n");
+            "ExtractFile \"/a\" \"/d\" \"m\"\n"
+            "~VpkService\n~SettingService\n~ConfigurationService");
 }
 
 }  // namespace

@@ -1,0 +1,13 @@
+# Without an upgrade a boot has no unit, no flag and no line of the generator.
+
+== An ordinary boot.
+dir /usr/vexa
+file /after-boot
+| #!/bin/bash
+| systemctl list-units --all --plain --no-legend 'pkg-install-*' 'pkgctl-*'
+| find /run/systemd/system /run -mindepth 1 -maxdepth 1 -path '*/systemd/system/*' -o -name '.vexapkg*'
+mode /after-boot 0755
+--
+show default.target ActiveState=active
+show pkg-install-high-priority-builtin.service,pkg-install-low-priority-builtin.service LoadState=not-found
+show vexa-high-priority-packages.target,vexa-low-priority-packages.target Wants=
