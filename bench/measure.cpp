@@ -1,5 +1,5 @@
 // usage: measure ROUNDS [-- UPGRADE_DIR PROGRAM ARGUMENT...]...
-// Runs the programs in turn, so that whatever else the machine does meets them all, each with
+// Runs the programs in turn, so that other work of the machine slows all of them, each with
 // UPGRADE_DIR linked in as the upgrade directory and nothing left of an earlier pass. Prints a line
 // for each one: the medians of wall time and of the processor time of the program without its
 // children, both in nanoseconds, and the peak memory in KiB of the program or its largest child.

@@ -14,7 +14,7 @@
 
 namespace {
 
-/// The value that the library's interface expects; what it means is the library's own affair.
+/// The value that the library's interface expects; what it means is up to the library.
 constexpr unsigned long long kLoadFlags = 0x40200000;
 
 std::set<std::string> ListArchiveNames() {

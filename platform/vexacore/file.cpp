@@ -39,14 +39,24 @@ int VLIBCFileTouch(const char* path) {
   return 0;
 }
 
-int VexaReadFile(const std::string& path, std::size_t maxBytes, std::string& content) {
-  const int fd = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+int VexaOpenRegularFile(const std::string& path, int& fd, std::size_t& size) {
+  fd = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
   if (fd < 0) return errno;
-  BOOST_SCOPE_EXIT_ALL(fd) { close(fd); };
   struct stat info;
-  if (fstat(fd, &info) < 0) return errno;
-  if (!S_ISREG(info.st_mode)) return EINVAL;
-  const auto size = static_cast<std::size_t>(info.st_size);
+  int error = fstat(fd, &info) == 0 ? 0 : errno;
+  if (error == 0 && !S_ISREG(info.st_mode)) error = EINVAL;
+  if (error == 0)
+    size = static_cast<std::size_t>(info.st_size);
+  else
+    close(fd);
+  return error;
+}
+
+int VexaReadFile(const std::string& path, std::size_t maxBytes, std::string& content) {
+  int fd;
+  std::size_t size;
+  if (const int error = VexaOpenRegularFile(path, fd, size)) return error;
+  BOOST_SCOPE_EXIT_ALL(fd) { close(fd); };
   if (size > maxBytes) return EFBIG;
   content.resize(size);
   std::size_t done = 0;

@@ -1,7 +1,5 @@
 #include <archive.h>
 #include <archive_entry.h>
-#include <fcntl.h>
-#include <sys/stat.h>
 #include <unistd.h>
 #include <vexacore/file.h>
 #include <vexapkg/package_core.h>
@@ -25,10 +23,10 @@ using ArchiveReader = std::unique_ptr<archive, decltype(&archive_read_free)>;
 using ArchiveEntry = std::unique_ptr<archive_entry, decltype(&archive_entry_free)>;
 
 /// The archive file under libarchive's reader. A block holds a header and, beside it, a small
-/// member; everything in between is passed over by moving `offset`, at no cost.
+/// member; what is in between is skipped by moving `offset`, at no cost.
 struct ArchiveFile {
   int fd;
-  std::int64_t size;
+  std::size_t size;
   std::int64_t offset = 0;
   std::array<char, 4096> block;
 };
@@ -49,7 +47,9 @@ la_ssize_t ReadBlock(archive* reader, void* data, const void** buffer) {
 
 la_int64_t SkipForward(archive*, void* data, la_int64_t request) {
   auto& file = *static_cast<ArchiveFile*>(data);
-  const std::int64_t skipped = std::clamp<std::int64_t>(request, 0, file.size - file.offset);
+  // A file that grows can have been read beyond the size that it had when it was opened.
+  const auto left = std::max<la_int64_t>(static_cast<la_int64_t>(file.size) - file.offset, 0);
+  const auto skipped = std::min(request, left);
   file.offset += skipped;
   return skipped;
 }
@@ -79,12 +79,11 @@ bool FindMember(archive* reader, archive_entry* entry, std::string_view member) 
 }
 
 bool IsAcceptedFile(archive_entry* entry) {
-  const la_int64_t size = archive_entry_size(entry);
   return archive_entry_filetype(entry) == AE_IFREG && archive_entry_hardlink(entry) == nullptr &&
-         size >= 0 && size <= static_cast<la_int64_t>(kMaxMemberBytes);
+         static_cast<std::uint64_t>(archive_entry_size(entry)) <= kMaxMemberBytes;
 }
 
-/// The size in the header is what counts: a sparse member may say that its data lie anywhere.
+/// Goes by the size in the header: a sparse member may claim that its data lies anywhere.
 bool ReadMember(archive* reader, archive_entry* entry, std::string& content) {
   content.resize(static_cast<std::size_t>(archive_entry_size(entry)));
   return archive_read_data(reader, content.data(), content.size()) >= 0;
@@ -92,15 +91,10 @@ bool ReadMember(archive* reader, archive_entry* entry, std::string& content) {
 
 bool ExtractMember(const std::string& archivePath, const std::string& destDir,
                    const std::string& member) {
-  if (member.empty() || member.find('/') != std::string::npos) return false;
-  const int fd = open(archivePath.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-  if (fd < 0) return false;
-  BOOST_SCOPE_EXIT_ALL(fd) { close(fd); };
-  struct stat info;
-  if (fstat(fd, &info) < 0 || !S_ISREG(info.st_mode)) return false;
+  if (member.find('/') != std::string::npos) return false;
   ArchiveFile file;
-  file.fd = fd;
-  file.size = info.st_size;
+  if (VexaOpenRegularFile(archivePath, file.fd, file.size) != 0) return false;
+  BOOST_SCOPE_EXIT_ALL(&file) { close(file.fd); };
   const ArchiveReader reader(archive_read_new(), archive_read_free);
   // Not left to the reader, which goes on without one when memory is missing.
   const ArchiveEntry entry(archive_entry_new2(reader.get()), archive_entry_free);

@@ -17,7 +17,7 @@ bool IsUtf8WithoutNul(const std::string& text) {
   return true;
 }
 
-/// Even a strict reader of jsoncpp passes over comments between the members of an object and
+/// Even a strict reader of jsoncpp accepts comments between the members of an object and
 /// between the elements of an array. Outside of strings JSON has no other use for a slash.
 bool HoldsComment(const std::string& text) {
   bool inString = false;

@@ -18,7 +18,7 @@ namespace {
 
 const char kUnitDir[] = "/run/systemd/system";
 
-/// Units are made one after the other, so one name serves them all; systemd passes over it.
+/// Units are made one after the other, so one name serves them all; systemd ignores it.
 const char kTemporaryPath[] = "/run/systemd/system/.vexapkg.tmp";
 
 std::string UnitText(const PackageInfo& info) {
@@ -45,8 +45,8 @@ std::string UnitText(const PackageInfo& info) {
   return text.str();
 }
 
-/// Whatever was checked when the package was taken, the archive may be another one by now: nothing
-/// may end the line that it is written in.
+/// The archive may have been replaced since the generator checked its names: none of them may end
+/// the line that it is written in.
 bool FitsIntoLine(const std::string& word) {
   return !word.empty() &&
          std::all_of(word.begin(), word.end(), [](char c) { return c > ' ' && c <= '~'; });
@@ -60,7 +60,7 @@ bool RemoveDropIn(const std::string& dir, const std::string& file) {
 }
 
 /// systemd reads the drop-ins of "pkgctl-a-.service" for every "pkgctl-a-*.service", and those of a
-/// template for every instance of it: a package must not settle what becomes of another.
+/// template for every instance of it: a package must not change the units of another.
 bool LendsItsDropIns(const std::string& packageName) {
   const auto at = packageName.find('@');
   return at + 1 == packageName.size() || packageName.substr(0, at).ends_with('-');

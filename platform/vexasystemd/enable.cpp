@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <climits>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -16,7 +17,7 @@ namespace {
 const char kRuntimeUnitDir[] = "/run/systemd/system";
 const std::array<const char*, 3> kSearchDirs = {"/etc/systemd/system", kRuntimeUnitDir,
                                                 "/usr/lib/systemd/system"};
-constexpr std::size_t kMaxUnitFileBytes = 16 * 1024 * 1024;
+constexpr std::size_t kMaxUnitFileBytes = std::size_t{16} * 1024 * 1024;
 
 std::string TypeOf(const std::string& unit) {
   const auto dot = unit.rfind('.');
@@ -39,14 +40,15 @@ bool IsUnitName(const std::string& name) {
              ":-_.\\@") == std::string::npos;
 }
 
-/// Reads the unit that systemd would load under that name. False when there is none, or a masked
-/// one (a link to /dev/null, which is no regular file, or an empty file).
+/// Reads the unit that systemd would load under that name. False when there is none, or one that is
+/// masked by a link to /dev/null, which is no regular file. One masked by an empty file asks for no
+/// links.
 bool ReadUnit(const std::string& unit, std::string& path, std::string& text) {
   for (const char* dir : kSearchDirs) {
     path = std::string(dir) + "/" + unit;
     const int error = VexaReadFile(path, kMaxUnitFileBytes, text);
     if (error == ENOENT || error == ENOTDIR) continue;
-    return error == 0 && !text.empty();
+    return error == 0;
   }
   return false;
 }

@@ -10,6 +10,5 @@ struct InstallSection {
 };
 
 /// Reads unit file text by systemd's rules: comments, continued lines, repeated sections and keys,
-/// and an empty value that takes back the values before it. What it can't make sense of it passes
-/// over.
+/// and an empty value that takes back the values before it. Other lines are ignored.
 InstallSection ParseInstallSection(std::string_view text);

@@ -7,6 +7,10 @@
 /// For the other libraries of the platform. No call blocks on a FIFO or device, logs or records an
 /// error; each returns 0 or an errno value, and throws std::bad_alloc only.
 
+/// Opens a regular file for reading, following links, and tells its size. The caller closes `fd`,
+/// unless the call failed: EINVAL when it is no regular file.
+int VexaOpenRegularFile(const std::string& path, int& fd, std::size_t& size);
+
 /// Reads a regular file whole into `content`, following links. EFBIG when it is longer than
 /// `maxBytes`, EINVAL when it is no regular file; `content` is then unspecified.
 int VexaReadFile(const std::string& path, std::size_t maxBytes, std::string& content);

@@ -21,8 +21,8 @@ struct PackageInfo {
   Json::Value document;  ///< The whole INFO object, keys unknown to this library included.
 };
 
-/// Loads the file INFO in directory `dir` into `info`. The third and fourth argument are accepted
-/// for the sake of the interface and change nothing. Returns false, with `info` as it was, when the
+/// Loads the file INFO in directory `dir` into `info`. The third and fourth argument belong to the
+/// interface and change nothing. Returns false, with `info` as it was, when the
 /// file can't be read, is longer than 1 MiB or is not of the form that platform/README.md gives.
 /// Logs nothing.
 bool PMSLoadPKGInfoFile(const std::string& dir, PackageInfo& info, const char*, unsigned long long);

@@ -1,6 +1,6 @@
 #pragma once
 
-/// For the library itself and for programs that check a policy before it is installed.
+/// The form of the policy file. Apart from the calls that read the file, for the fuzzer.
 
 #include <map>
 #include <optional>

@@ -15,8 +15,8 @@ class ProcessRunner {
   ProcessRunner(const ProcessRunner&) = delete;
   ProcessRunner& operator=(const ProcessRunner&) = delete;
 
-  /// Runs the program and waits for it. Both flags are accepted for the sake of the interface and
-  /// change nothing. Returns 0 when it exited with status 0, a negative value for everything else.
+  /// Runs the program and waits for it. Both flags belong to the interface and change nothing.
+  /// Returns 0 when it exited with status 0, a negative value for everything else.
   int run(bool, bool);
 
  private:
