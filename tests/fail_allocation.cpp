@@ -1,5 +1,5 @@
 // Preloaded into a program, makes one of the allocations after the start of main fail: number
-// FAIL_AT, or with FAIL_ON=1 that one and all after it. Then it makes the file /fired.
+// FAIL_AT, or with FAIL_ON=1 that one and all after it. Then it makes the file /failed.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <unistd.h>
@@ -19,7 +19,7 @@ bool failOn = false;
 bool Fails() {
   if (left == 0 || --left > 0) return false;
   left = failOn ? 1 : 0;
-  close(open("/fired", O_WRONLY | O_CREAT, 0600));
+  close(open("/failed", O_WRONLY | O_CREAT, 0600));
   errno = ENOMEM;
   return true;
 }
