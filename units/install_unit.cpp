@@ -43,7 +43,7 @@ bool NeedsVolume(bool highPriority, const Packages& packages) {
 std::string SequentialScript(const std::string& install, const Words& archives,
                              const StringSet& enabled) {
   std::string script = install + join(archives, " ");
-  if (!enabled.empty()) script += std::string("; ") + kEnable + join(enabled, " ");
+  if (!enabled.empty()) script.append("; ").append(kEnable).append(join(enabled, " "));
   return script;
 }
 
