@@ -22,6 +22,7 @@ using Packages = std::vector<const BuiltinPackage*>;
 using Words = std::vector<std::string>;
 
 constexpr unsigned kThreadsForParallelInstall = 4;
+const std::string kBlank = " ";  // of a literal, GCC 12 warns in Boost's join
 const char kVolumeTarget[] = "pkg-volume.target";
 const char kResourceClearer[] = "pkg-builtin-resource-clearer.service";
 const char kInstall[] = "/usr/vexa/bin/vexapkg install --daemon-reload 0 ";
@@ -42,8 +43,8 @@ bool NeedsVolume(bool highPriority, const Packages& packages) {
 
 std::string SequentialScript(const std::string& install, const Words& archives,
                              const StringSet& enabled) {
-  std::string script = install + join(archives, " ");
-  if (!enabled.empty()) script += std::string("; ") + kEnable + join(enabled, " ");
+  std::string script = install + join(archives, kBlank);
+  if (!enabled.empty()) script.append("; ").append(kEnable).append(join(enabled, kBlank));
   return script;
 }
 
@@ -101,9 +102,9 @@ ptree UnitSection(bool highPriority, const Packages& packages) {
   section.put("IgnoreOnIsolate", "yes");
   section.put("Requires", required);
   section.put("Wants", highPriority ? "" : kResourceClearer);
-  section.put("Requisite", join(requisite, " "));
-  section.put("After", join(after, " "));
-  section.put("Before", join(before, " "));
+  section.put("Requisite", join(requisite, kBlank));
+  section.put("After", join(after, kBlank));
+  section.put("Before", join(before, kBlank));
   section.put("ConditionPathExists", kUpgradePackagesDir);
   return section;
 }
