@@ -39,14 +39,14 @@ int VLIBCFileTouch(const char* path) {
   return 0;
 }
 
-int VexaOpenRegularFile(const std::string& path, int& fd, std::size_t& size) {
+int VexaOpenRegularFile(const std::string& path, int& fd, std::int64_t& size) {
   fd = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
   if (fd < 0) return errno;
   struct stat info;
   int error = fstat(fd, &info) == 0 ? 0 : errno;
   if (error == 0 && !S_ISREG(info.st_mode)) error = EINVAL;
   if (error == 0)
-    size = static_cast<std::size_t>(info.st_size);
+    size = info.st_size;
   else
     close(fd);
   return error;
@@ -54,10 +54,11 @@ int VexaOpenRegularFile(const std::string& path, int& fd, std::size_t& size) {
 
 int VexaReadFile(const std::string& path, std::size_t maxBytes, std::string& content) {
   int fd;
-  std::size_t size;
-  if (const int error = VexaOpenRegularFile(path, fd, size)) return error;
+  std::int64_t fileSize;
+  if (const int error = VexaOpenRegularFile(path, fd, fileSize)) return error;
   BOOST_SCOPE_EXIT_ALL(fd) { close(fd); };
-  if (size > maxBytes) return EFBIG;
+  if (fileSize > static_cast<std::int64_t>(maxBytes)) return EFBIG;
+  const auto size = static_cast<std::size_t>(fileSize);
   content.resize(size);
   std::size_t done = 0;
   while (done < size) {

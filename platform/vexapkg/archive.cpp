@@ -26,7 +26,7 @@ using ArchiveEntry = std::unique_ptr<archive_entry, decltype(&archive_entry_free
 /// member; what is in between is skipped by moving `offset`, at no cost.
 struct ArchiveFile {
   int fd;
-  std::size_t size;
+  std::int64_t size;
   std::int64_t offset = 0;
   std::array<char, 4096> block;
 };
@@ -48,7 +48,7 @@ la_ssize_t ReadBlock(archive* reader, void* data, const void** buffer) {
 la_int64_t SkipForward(archive*, void* data, la_int64_t request) {
   auto& file = *static_cast<ArchiveFile*>(data);
   // A file that grows can have been read beyond the size that it had when it was opened.
-  const auto left = std::max<la_int64_t>(static_cast<la_int64_t>(file.size) - file.offset, 0);
+  const auto left = std::max<la_int64_t>(file.size - file.offset, 0);
   const auto skipped = std::min(request, left);
   file.offset += skipped;
   return skipped;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -9,7 +10,7 @@
 
 /// Opens a regular file for reading, following links, and tells its size. The caller closes `fd`,
 /// unless the call failed: EINVAL when it is no regular file.
-int VexaOpenRegularFile(const std::string& path, int& fd, std::size_t& size);
+int VexaOpenRegularFile(const std::string& path, int& fd, std::int64_t& size);
 
 /// Reads a regular file whole into `content`, following links. EFBIG when it is longer than
 /// `maxBytes`, EINVAL when it is no regular file; `content` is then unspecified.
