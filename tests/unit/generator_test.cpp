@@ -244,9 +244,9 @@ struct WholeRun : Generator {
   Lines usual = Run(0, {}, 0);  ///< The calls of a run in which nothing goes wrong.
   string letters;
 
-  WholeRun() {
+  void SetUp() override {
     for (const string& call : usual) letters += KindOf(call).letter;
-    EXPECT_EQ(letters, "llSSSipRr~HwlTmemelUxcnteRr~~flkfDDD") << boost::join(usual, "\n");
+    ASSERT_EQ(letters, "llSSSipRr~HwlTmemelUxcnteRr~~flkfDDD") << boost::join(usual, "\n");
   }
 
   static Lines Run(std::size_t throwAt, decltype(recording.answer) answer, int status) {
