@@ -17,8 +17,6 @@ using VEXAUtils::ProcessRunner;
 
 namespace {
 
-string lastArchive;
-
 string Text(const char* text) { return text ? '"' + string(text) + '"' : "null"; }
 string Text(const string& text) { return '"' + text + '"'; }
 string Text(bool value) { return value ? "true" : "false"; }
@@ -26,13 +24,11 @@ string Text(unsigned long long value) { return std::to_string(value); }
 
 template <typename... Arguments>
 int Call(int usual, string line, const Arguments&... arguments) {
-  ((line += " " + Text(arguments)), ...);
+  (line.append(" ").append(Text(arguments)), ...);
   recording.calls.push_back(line);
   if (recording.calls.size() == recording.throwAt) throw std::runtime_error("boom");
   return recording.answer ? recording.answer(line, usual) : usual;
 }
-
-const ScriptedPackage& Package() { return recording.packages.at(lastArchive); }
 
 }  // namespace
 
@@ -68,24 +64,20 @@ PackageSettingServiceImpl::~PackageSettingServiceImpl() { Call(0, "~SettingServi
 PackageVpkServiceImpl::PackageVpkServiceImpl(PackageSettingService&) { Call(0, "VpkService"); }
 PackageVpkServiceImpl::~PackageVpkServiceImpl() { Call(0, "~VpkService"); }
 int PackageVpkServiceImpl::ExtractFile(const string& from, const string& to, const string& name) {
-  return Call(0, "ExtractFile", lastArchive = from, to, name);
+  return Call(0, "ExtractFile", from, to, name);
 }
 
 bool VEXAPackageTool::PMSLoadPKGInfoFile(const string& dir, PackageInfo& info, const char* third,
                                          unsigned long long flags) {
-  info = Package().info;
-  return Call(Package().loads, "PMSLoadPKGInfoFile", dir, third, flags);
+  info = recording.info;
+  return Call(1, "PMSLoadPKGInfoFile", dir, third, flags);
 }
-
 bool PackageBuiltin::IsHighPriorityPackage(const string& name) {
-  return Call(Package().highPriority, "IsHighPriorityPackage", name);
+  return Call(1, "IsHighPriorityPackage", name);
 }
 bool PackageBuiltin::ShouldInstallPackage(const string& name, BuiltinConfig& config) {
-  const bool install = Call(Package().install, "ShouldInstallPackage", name, config.enable);
-  if (!Package().enable) config.enable = false;
-  return install;
+  return Call(1, "ShouldInstallPackage", name, config.enable);
 }
-
 UnitGenerator::UnitGenerator() { Call(0, "UnitGenerator"); }
 UnitGenerator::~UnitGenerator() { Call(0, "~UnitGenerator"); }
 bool UnitGenerator::Init(const string& name, const string& in) { return Call(1, "Init", name, in); }
