@@ -5,7 +5,7 @@ dir /usr/vexa
 file /after-boot
 | #!/bin/bash
 | systemctl list-units --all --plain --no-legend 'pkg-install-*' 'pkgctl-*'
-| find /run/systemd/system /run -mindepth 1 -maxdepth 1 -path '*/systemd/system/*' -o -name '.vexapkg*'
+| find /run/systemd/system /run -mindepth 1 -maxdepth 1 -path '*/systemd/system/*' -o -name '.vexapkg*' -o -name calls
 mode /after-boot 0755
 --
 show default.target ActiveState=active

@@ -22,4 +22,4 @@ file /after-boot
 mode /after-boot 0755
 --
 log pass: Alpha.vpk Beta.vpk Delta.vpk Gamma.vpk
-call vexapkgctl correct-cfg --config-only
+log pass: Alpha.vpk Beta.vpk Delta.vpk Gamma.vpk

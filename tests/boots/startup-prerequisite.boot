@@ -1,8 +1,7 @@
 # A prerequisite unit that is the startup unit of another package.
 
 policy {"High": {"priority": "high"}, "Idle": {"enable": false}}
-vpk Idle.vpk Idle system
-vpk Low.vpk Low system
+vpk Idle.vpk Idle system ; vpk Low.vpk Low system
 
 == Of the other priority: this priority waits for the other one.
 vpk High.vpk High system pkgctl-Low.service
