@@ -1,7 +1,4 @@
-# Without an upgrade a boot has no unit, no flag and no line of the generator.
-
-== An ordinary boot.
-dir /usr/vexa
+== A boot without an upgrade has no unit, no flag, no call and no line of the generator.
 file /after-boot
 | #!/bin/bash
 | systemctl list-units --all --plain --no-legend 'pkg-install-*' 'pkgctl-*'

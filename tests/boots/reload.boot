@@ -1,6 +1,4 @@
-# One reload more: the generator, run again, does nothing, and touches nothing of what its first run made.
-
-== The boot after an upgrade, with a generator that counts the runs.
+== One reload more: the generator, run again, does nothing, and touches nothing of what its first run made. Another counts the runs.
 base upgrade
 file /etc/systemd/system-generators/count-runs #!/bin/bash\necho run >>/run/generator-runs\n ; mode /etc/systemd/system-generators/count-runs 0755
 file /after-boot

@@ -1,6 +1,4 @@
-# A prerequisite unit that is not active: no package of that priority is installed, and all others are.
-
-== Alpha, of high priority, needs a unit that nobody wants.
+== Alpha, of high priority, needs a unit that is not active: no package of that priority is installed, and all others are.
 vpk Alpha.vpk Alpha - example-idle.service ; vpk Gamma.vpk Gamma system
 policy {"Alpha": {"priority": "high"}}
 file /etc/systemd/system/example-idle.service [Service]\nType=oneshot\nRemainAfterExit=yes\nExecStart=/bin/true\n

@@ -1,7 +1,4 @@
-# A whole boot after an upgrade: installs of high priority side by side, each package started after it is
-# installed and enabled, what has to be there first comes first, and the correction is run once.
-
-== Four packages of both priorities, two of them not enabled.
+== A boot after an upgrade: installs of high priority go side by side, each package is started after it is installed and enabled, what has to be there comes first, and the correction is run once.
 vpk Alpha.vpk Alpha system example-db.service ; vpk Beta.vpk Beta system ; vpk Delta.vpk Delta system
 vpk Gamma.vpk Gamma volume ; member Gamma.vpk conf [Service]\nNice=5\n
 policy {"Alpha": {"priority": "high"}, "Beta": {"priority": "high", "enable": false}, "Delta": {"enable": false}}
