@@ -1,11 +1,8 @@
-# Without an upgrade a boot has no unit, no flag and no line of the generator.
-
-== An ordinary boot.
-dir /usr/vexa
+== A boot without an upgrade has no unit, no flag, no call and no line of the generator.
 file /after-boot
 | #!/bin/bash
 | systemctl list-units --all --plain --no-legend 'pkg-install-*' 'pkgctl-*'
-| find /run/systemd/system /run -mindepth 1 -maxdepth 1 -path '*/systemd/system/*' -o -name '.vexapkg*'
+| find /run/systemd/system /run -mindepth 1 -maxdepth 1 -path '*/systemd/system/*' -o -name '.vexapkg*' -o -name calls
 mode /after-boot 0755
 --
 show default.target ActiveState=active

@@ -1,8 +1,5 @@
-# A prerequisite unit that is not active: no package of that priority is installed, and all others are.
-
-== Alpha, of high priority, needs a unit that nobody wants.
-vpk Alpha.vpk Alpha - example-idle.service
-vpk Gamma.vpk Gamma system
+== Alpha, of high priority, needs a unit that is not active: no package of that priority is installed, and all others are.
+vpk Alpha.vpk Alpha - example-idle.service ; vpk Gamma.vpk Gamma system
 policy {"Alpha": {"priority": "high"}}
 file /etc/systemd/system/example-idle.service [Service]\nType=oneshot\nRemainAfterExit=yes\nExecStart=/bin/true\n
 --
@@ -10,10 +7,7 @@ log pass: Alpha.vpk Gamma.vpk
 call vexapkg install --daemon-reload 0 --job-name install_low_builtin_pkgs /.VexaUpgradePackages/Gamma.vpk
 call vexapkgctl enable Gamma
 call vexapkgctl start Gamma
-show example-idle.service ActiveState=inactive
-show pkg-install-high-priority-builtin.service Requisite=example-idle.service ActiveState=inactive InactiveExitTimestampMonotonic=0
-show pkgctl-Alpha.service InactiveExitTimestampMonotonic=0
+show example-idle.service,pkg-install-high-priority-builtin.service,pkgctl-Alpha.service ActiveState=inactive InactiveExitTimestampMonotonic=0
 show default.target,pkg-install-low-priority-builtin.service,pkgctl-Gamma.service ActiveState=active
 journal 1 Dependency failed for pkg-install-high-priority-builtin.service
-journal 1 pkg-install-high-priority-builtin.service: Job pkg-install-high-priority-builtin.service/start failed with result 'dependency'.
 journal 1 Dependency failed for pkgctl-Alpha.service

@@ -1,7 +1,4 @@
-# The generator works where systemd 253 and later run it: nothing can be written but /run, /sys, /proc and
-# /dev/shm, and /tmp is private.
-
-== After the boot it does its work once more, so confined, and makes the same units.
+== Confined as by systemd 253 and later, with nothing to write to but /run, /sys, /proc, /dev/shm and a private /tmp, the generator makes the same units.
 base upgrade
 file /after-boot
 | #!/bin/bash
@@ -13,13 +10,11 @@ file /after-boot
 |     [[ $directory/ =~ ^/(sys|run|proc|dev/shm|tmp)/ ]] || mount -o remount,bind,ro "$directory"
 |   done
 |   mount -t tmpfs tmpfs /tmp
-|   for file in /var/x /etc/x /dev/x /.VexaUpgradePackages/x; do
-|     if touch $file 2>/dev/null; then echo "$file could be made"; fi
-|   done
+|   for directory in /var /etc /dev /.VexaUpgradePackages; do [[ ! -w $directory ]] || echo "$directory is writable"; done
 |   /etc/systemd/system-generators/vexa-pkg-generator normal early late
 |   ls -A /tmp'
 | diff -r --no-dereference /run/of-the-boot /run/systemd/system
 mode /after-boot 0755
 --
 log pass: Alpha.vpk Beta.vpk Delta.vpk Gamma.vpk
-call vexapkgctl correct-cfg --config-only
+log pass: Alpha.vpk Beta.vpk Delta.vpk Gamma.vpk

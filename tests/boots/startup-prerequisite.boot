@@ -1,10 +1,7 @@
-# A prerequisite unit that is the startup unit of another package.
-
 policy {"High": {"priority": "high"}, "Idle": {"enable": false}}
-vpk Idle.vpk Idle system
-vpk Low.vpk Low system
+vpk Idle.vpk Idle system ; vpk Low.vpk Low system
 
-== Of the other priority: this priority waits for the other one.
+== A prerequisite that is the startup unit of a package of the other priority: this priority waits for the other one.
 vpk High.vpk High system pkgctl-Low.service
 --
 log pass: High.vpk Idle.vpk Low.vpk
@@ -16,7 +13,7 @@ call vexapkgctl start High
 call vexapkgctl start Low
 order done vexapkgctl start Low < begin vexapkg install …/High.vpk
 
-== Of a package that is not enabled: no package of this priority is installed.
+== One that is the startup unit of a package that is not enabled: no package of this priority is installed.
 vpk High.vpk High system pkgctl-Idle.service
 --
 log pass: High.vpk Idle.vpk Low.vpk

@@ -1,15 +1,8 @@
-# A whole boot after an upgrade: installs of high priority side by side, each package started after it is
-# installed and enabled, what has to be there first comes first, and the correction is run once.
-
-== Four packages of both priorities, two of them not enabled.
-vpk Alpha.vpk Alpha system example-db.service
-vpk Beta.vpk Beta system
-vpk Delta.vpk Delta system
-vpk Gamma.vpk Gamma volume
-member Gamma.vpk conf [Service]\nNice=5\n
+== A boot after an upgrade: installs of high priority go side by side, each package is started after it is installed and enabled, what has to be there comes first, and the correction is run once.
+vpk Alpha.vpk Alpha system example-db.service ; vpk Beta.vpk Beta system ; vpk Delta.vpk Delta system
+vpk Gamma.vpk Gamma volume ; member Gamma.vpk conf [Service]\nNice=5\n
 policy {"Alpha": {"priority": "high"}, "Beta": {"priority": "high", "enable": false}, "Delta": {"enable": false}}
-cpus 0-3
-file /var/.UpgradeBootup
+cpus 0-3 ; file /var/.UpgradeBootup
 file /etc/systemd/system/example-db.service [Service]\nType=oneshot\nRemainAfterExit=yes\nExecStart=/bin/sleep 0.2\n
 link /etc/systemd/system/default.target.wants/example-db.service ../example-db.service
 --
@@ -22,10 +15,8 @@ call vexapkgctl enable Alpha
 call vexapkgctl enable Gamma
 call vexapkgctl start Alpha
 call vexapkgctl start Gamma
-show default.target ActiveState=active
-show pkg-install-high-priority-builtin.service ActiveState=active Result=success NeedDaemonReload=no WantedBy=vexa-high-priority-packages.target Slice=package_center.slice
-show pkg-install-low-priority-builtin.service ActiveState=active Result=success NeedDaemonReload=no WantedBy=vexa-low-priority-packages.target Slice=package_center.slice
-show pkgctl-Alpha.service ActiveState=active WantedBy=vexa-high-priority-packages.target
+show default.target,pkgctl-Alpha.service ActiveState=active
+show pkg-install-high-priority-builtin.service,pkg-install-low-priority-builtin.service ActiveState=active Result=success NeedDaemonReload=no Slice=package_center.slice
 show pkgctl-Beta.service,pkgctl-Delta.service LoadState=loaded ActiveState=inactive InactiveExitTimestampMonotonic=0
 show pkgctl-Gamma.service ActiveState=active WantedBy=vexa-low-priority-packages.target Nice=5
 order example-db.service finished < pkg-install-high-priority-builtin.service started
@@ -35,5 +26,3 @@ order vexa-login.target finished < pkg-install-low-priority-builtin.service star
 order pkg-install-low-priority-builtin.service finished < pkg-builtin-resource-clearer.service started
 order begin vexapkg install …/Beta.vpk < done vexapkg install …/Alpha.vpk < begin vexapkgctl enable Alpha
 order begin vexapkg install …/Alpha.vpk < done vexapkg install …/Beta.vpk < begin vexapkgctl enable Alpha
-order done vexapkgctl enable Alpha < begin vexapkgctl start Alpha
-order done vexapkg install …/Gamma.vpk < begin vexapkgctl enable Gamma < done vexapkgctl enable Gamma < begin vexapkgctl start Gamma
