@@ -23,7 +23,7 @@ void CorrectConfigurationAfterUpgrade() {
     WriteKernelLog("Failed to touch flag [%s]", kCorrectCfgFlag.c_str());
 }
 
-/// When the message fails as well, for want of memory, the exit status has to do.
+/// If logging fails too (no memory), only the exit status reports the failure.
 void LogFailure(const std::exception& error) {
   try {
     WriteKernelLog("Failed to run generator, reason=[%s]", error.what());
