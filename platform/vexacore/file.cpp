@@ -96,7 +96,8 @@ int VexaReplaceFile(const std::string& path, const std::string& temporaryPath,
 int VexaMakeDirectories(const std::string& path) {
   if (mkdir(path.c_str(), 0755) == 0 || errno == EEXIST) return 0;
   const int error = errno;
-  if (error != ENOENT || path.empty()) return error;
-  if (const int above = VexaMakeDirectories(path.substr(0, path.rfind('/')))) return above;
-  return mkdir(path.c_str(), 0755) == 0 ? 0 : errno;
+  const auto slash = path.rfind('/');
+  if (error != ENOENT || slash == std::string::npos) return error;
+  if (const int above = VexaMakeDirectories(path.substr(0, slash))) return above;
+  return mkdir(path.c_str(), 0755) == 0 || errno == EEXIST ? 0 : errno;
 }

@@ -51,7 +51,10 @@ ProcessRunner::ProcessRunner(const char* program, const char* a0, const char* a1
   Call(0, "ProcessRunner", program, a0, a1, a2, a3, a4, a5, a6, a7, a8);
 }
 ProcessRunner::~ProcessRunner() { Call(0, "~ProcessRunner"); }
-int ProcessRunner::run(bool first, bool second) { return Call(0, "run", first, second); }
+int ProcessRunner::run(bool first, bool second) {
+  static_cast<void>(program_), static_cast<void>(argv_);  // clang warns of members without a use
+  return Call(0, "run", first, second);
+}
 
 ConfigurationService::~ConfigurationService() = default;
 ConfigurationServiceImpl::ConfigurationServiceImpl() { Call(0, "ConfigurationService"); }
