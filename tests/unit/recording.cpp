@@ -7,83 +7,81 @@
 #include <vexasystemd/vexasystemd.h>
 #include <vexautils/process_runner.h>
 
-#include <stdexcept>
+#include <cstdlib>
+#include <cstring>
 #include <thread>
 
 using namespace VEXAPackageCore;
 using std::string;
 using VEXAPackageTool::Service::UnitGenerator;
 using VEXAUtils::ProcessRunner;
+using Chars = const char*;
 
-namespace {
-
-string Text(const char* text) { return text ? '"' + string(text) + '"' : "null"; }
-string Text(const string& text) { return '"' + text + '"'; }
-string Text(bool value) { return value ? "true" : "false"; }
-string Text(unsigned long long value) { return std::to_string(value); }
-
-template <typename... Arguments>
-int Call(int usual, string line, const Arguments&... arguments) {
-  (line.append(" ").append(Text(arguments)), ...);
+static int Call(int usual, std::initializer_list<Chars> words) {
+  string line;
+  for (Chars word : words) line.append(word ? word : "null").append("|");
   recording.calls.push_back(line);
-  if (recording.calls.size() == recording.throwAt) throw std::runtime_error("boom");
-  return recording.answer ? recording.answer(line, usual) : usual;
+  return recording.answer(line, usual);
 }
 
-}  // namespace
-
-// In place of the standard library's, since a test can't choose the processors it runs on.
+// In place of the standard libraries', so that a test chooses or knows what they return.
 unsigned std::thread::hardware_concurrency() noexcept {
-  return static_cast<unsigned>(Call(4, "hardware_concurrency"));
+  return static_cast<unsigned>(Call(4, {"hardware_concurrency"}));
+}
+char* mkdtemp(char* path) noexcept {
+  Call(0, {"mkdtemp", path});
+  return std::strcpy(path, std::to_string(++recording.directories).c_str());
 }
 
-int VLIBCExec(const char* program, const char* a1, const char* a2, const char* a3, const char* a4) {
-  return Call(0, "VLIBCExec", program, a1, a2, a3, a4);
+int VLIBCExec(Chars p, Chars a, Chars b, Chars c, Chars d) {
+  return Call(0, {"Exec", p, a, b, c, d});
 }
-int VLIBCFileTouch(const char* path) { return Call(0, "VLIBCFileTouch", path); }
-int VLIBCErrGet() { return Call(0xAB, "VLIBCErrGet"); }
-const char* VLIBCErrorGetFile() { return Call(0, "VLIBCErrorGetFile") ? nullptr : "exec.cpp"; }
-int VLIBCErrorGetLine() { return Call(77, "VLIBCErrorGetLine"); }
+int VLIBCFileTouch(Chars path) { return Call(0, {"Touch", path}); }
+int VLIBCErrGet() { return 0xAB; }
+Chars VLIBCErrorGetFile() { return "exec.cpp"; }
+int VLIBCErrorGetLine() { return 77; }
 
-ProcessRunner::ProcessRunner(const char* program, const char* a0, const char* a1, const char* a2,
-                             const char* a3, const char* a4, const char* a5, const char* a6,
-                             const char* a7, const char* a8) {
-  Call(0, "ProcessRunner", program, a0, a1, a2, a3, a4, a5, a6, a7, a8);
+ProcessRunner::ProcessRunner(Chars program, Chars a, Chars b, Chars c, Chars d, Chars e, Chars f,
+                             Chars g, Chars h, Chars i)
+    : program_(program), argv_{a, b, c, d, e, f, g, h, i} {
+  Call(0, {"Runner"});
 }
-ProcessRunner::~ProcessRunner() { Call(0, "~ProcessRunner"); }
-int ProcessRunner::run(bool first, bool second) {
-  static_cast<void>(program_), static_cast<void>(argv_);  // clang warns of members without a use
-  return Call(0, "run", first, second);
+ProcessRunner::~ProcessRunner() = default;
+int ProcessRunner::run(bool x, bool y) {
+  const auto& [a, b, c, d, e, f, g, h, i, end] = argv_;
+  return Call(0, {"run", program_, a, b, c, d, e, f, g, h, i, x ? "1" : "0", y ? "1" : "0"});
 }
 
 ConfigurationService::~ConfigurationService() = default;
-ConfigurationServiceImpl::ConfigurationServiceImpl() { Call(0, "ConfigurationService"); }
-ConfigurationServiceImpl::~ConfigurationServiceImpl() { Call(0, "~ConfigurationService"); }
+ConfigurationServiceImpl::ConfigurationServiceImpl() { Call(0, {"ConfigurationService"}); }
+ConfigurationServiceImpl::~ConfigurationServiceImpl() = default;
 PackageSettingService::~PackageSettingService() = default;
 PackageSettingServiceImpl::PackageSettingServiceImpl(ConfigurationService&) {
-  Call(0, "SettingService");
+  Call(0, {"SettingService"});
 }
-PackageSettingServiceImpl::~PackageSettingServiceImpl() { Call(0, "~SettingService"); }
-PackageVpkServiceImpl::PackageVpkServiceImpl(PackageSettingService&) { Call(0, "VpkService"); }
-PackageVpkServiceImpl::~PackageVpkServiceImpl() { Call(0, "~VpkService"); }
+PackageSettingServiceImpl::~PackageSettingServiceImpl() = default;
+PackageVpkServiceImpl::PackageVpkServiceImpl(PackageSettingService&) { Call(0, {"VpkService"}); }
+PackageVpkServiceImpl::~PackageVpkServiceImpl() = default;
 int PackageVpkServiceImpl::ExtractFile(const string& from, const string& to, const string& name) {
-  return Call(0, "ExtractFile", from, to, name);
+  return Call(0, {"ExtractFile", from.c_str(), to.c_str(), name.c_str()});
 }
 
-bool VEXAPackageTool::PMSLoadPKGInfoFile(const string& dir, PackageInfo& info, const char* third,
+bool VEXAPackageTool::PMSLoadPKGInfoFile(const string& dir, PackageInfo& info, Chars third,
                                          unsigned long long flags) {
-  info = recording.info;
-  return Call(1, "PMSLoadPKGInfoFile", dir, third, flags);
+  info.name = "Alpha";
+  return Call(1, {"PMSLoadPKGInfoFile", dir.c_str(), third, std::to_string(flags).c_str()});
 }
 bool PackageBuiltin::IsHighPriorityPackage(const string& name) {
-  return Call(1, "IsHighPriorityPackage", name);
+  return Call(1, {"IsHighPriorityPackage", name.c_str()});
 }
-bool PackageBuiltin::ShouldInstallPackage(const string& name, BuiltinConfig& config) {
-  return Call(1, "ShouldInstallPackage", name, config.enable);
+bool PackageBuiltin::ShouldInstallPackage(const string& name, BuiltinConfig&) {
+  return Call(1, {"ShouldInstallPackage", name.c_str()});
 }
-UnitGenerator::UnitGenerator() { Call(0, "UnitGenerator"); }
-UnitGenerator::~UnitGenerator() { Call(0, "~UnitGenerator"); }
-bool UnitGenerator::Init(const string& name, const string& in) { return Call(1, "Init", name, in); }
-bool UnitGenerator::ToFile() const { return Call(1, "ToFile"); }
+UnitGenerator::UnitGenerator() { Call(0, {"UnitGenerator"}); }
+UnitGenerator::~UnitGenerator() = default;
+bool UnitGenerator::Init(const string& name, const string& in) {
+  return Call(1, {"Init", name.c_str(), in.c_str()});
+}
+bool UnitGenerator::ToFile() const { return Call(1, {"ToFile"}); }
 
-bool VEXASystemdEnableInGenerator(const string& unit) { return Call(1, "EnableInGenerator", unit); }
+bool VEXASystemdEnableInGenerator(const string& unit) { return Call(1, {"Enable", unit.c_str()}); }

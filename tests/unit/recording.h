@@ -1,23 +1,18 @@
 #pragma once
 
-#include <vexapkg/package_info.h>
-
 #include <functional>
 #include <string>
 #include <vector>
 
 /// What the platform that records was called for, and how it answers.
 struct Recording {
-  /// One line per call: name and arguments, texts in double quotes and byte for byte. A constructor
-  /// has the name of its class, a destructor that name after "~".
+  /// One line per call: its name, or that of the class for a constructor, and its arguments, byte
+  /// for byte and a "|" behind each. Destructors are not recorded.
   std::vector<std::string> calls;
-  /// When set, decides from a call's line and its usual result (success) what the call returns.
-  std::function<int(const std::string& call, int usual)> answer;
-  /// When not 0, the call of that number throws std::runtime_error("boom").
-  std::size_t throwAt = 0;
-  /// What every archive's INFO says.
-  VEXAPackageTool::PackageInfo info;
+  /// Decides from a call's line and its usual result (success) what it returns; it may throw, too.
+  std::function<int(const std::string&, int)> answer = [](const auto&, int usual) { return usual; };
+  int directories = 0;  ///< How many temporary ones were made; the last is named by this number.
 };
 
-/// The one recording of the process. Never destroyed, since the services end after main.
-inline Recording& recording = *new Recording;
+/// The one recording of the process.
+inline Recording recording;
