@@ -41,15 +41,15 @@ int VLIBCErrGet() { return 0xAB; }
 Chars VLIBCErrorGetFile() { return "exec.cpp"; }
 int VLIBCErrorGetLine() { return 77; }
 
-ProcessRunner::ProcessRunner(Chars program, Chars a, Chars b, Chars c, Chars d, Chars e, Chars f,
-                             Chars g, Chars h, Chars i)
-    : program_(program), argv_{a, b, c, d, e, f, g, h, i} {
+ProcessRunner::ProcessRunner(Chars program, Chars a, Chars b, Chars c, Chars end, Chars, Chars,
+                             Chars, Chars, Chars)
+    : program_(program), argv_{a, b, c, end} {
   Call(0, {"Runner"});
 }
 ProcessRunner::~ProcessRunner() = default;
 int ProcessRunner::run(bool x, bool y) {
-  const auto& [a, b, c, d, e, f, g, h, i, end] = argv_;
-  return Call(0, {"run", program_, a, b, c, d, e, f, g, h, i, x ? "1" : "0", y ? "1" : "0"});
+  const auto flags = std::to_string(x) + std::to_string(y);
+  return Call(0, {"run", program_, argv_[0], argv_[1], argv_[2], argv_[3], flags.c_str()});
 }
 
 ConfigurationService::~ConfigurationService() = default;

@@ -6,12 +6,12 @@
 
 /// What the platform that records was called for, and how it answers.
 struct Recording {
-  /// One line per call: its name, or that of the class for a constructor, and its arguments, byte
-  /// for byte and a "|" behind each. Destructors are not recorded.
+  /// The name of each call (a constructor's is that of its class; destructors are not recorded) and
+  /// its arguments, byte for byte, with a "|" after each.
   std::vector<std::string> calls;
-  /// Decides from a call's line and its usual result (success) what it returns; it may throw, too.
+  /// Decides from a call and its usual result, success, what it returns; it may throw, too.
   std::function<int(const std::string&, int)> answer = [](const auto&, int usual) { return usual; };
-  int directories = 0;  ///< How many temporary ones were made; the last is named by this number.
+  int directories = 0;  ///< How many temporary ones were made. Each is named by its number.
 };
 
 /// The one recording of the process.
