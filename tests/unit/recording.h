@@ -11,7 +11,6 @@ struct Recording {
   std::vector<std::string> calls;
   /// Decides from a call and its usual result, success, what it returns; it may throw, too.
   std::function<int(const std::string&, int)> answer = [](const auto&, int usual) { return usual; };
-  int directories = 0;  ///< How many temporary ones were made. Each is named by its number.
 };
 
 /// The one recording of the process.
