@@ -7,83 +7,70 @@
 #include <vexasystemd/vexasystemd.h>
 #include <vexautils/process_runner.h>
 
-#include <stdexcept>
+#include <cstdlib>
 #include <thread>
 
 using namespace VEXAPackageCore;
 using std::string;
 using VEXAPackageTool::Service::UnitGenerator;
 using VEXAUtils::ProcessRunner;
+using CStr = const char*;
 
-namespace {
+static string Text(CStr text) { return text ? text : "null"; }
+static string Text(const string& text) { return text; }
+static string Text(unsigned long long number) { return std::to_string(number); }
 
-string Text(const char* text) { return text ? '"' + string(text) + '"' : "null"; }
-string Text(const string& text) { return '"' + text + '"'; }
-string Text(bool value) { return value ? "true" : "false"; }
-string Text(unsigned long long value) { return std::to_string(value); }
-
-template <typename... Arguments>
-int Call(int usual, string line, const Arguments&... arguments) {
-  (line.append(" ").append(Text(arguments)), ...);
-  recording.calls.push_back(line);
-  if (recording.calls.size() == recording.throwAt) throw std::runtime_error("boom");
-  return recording.answer ? recording.answer(line, usual) : usual;
+template <typename... Words>
+static int Call(int usual, const Words&... words) {
+  const string call = ((Text(words) + '|') + ...);
+  recording.calls.push_back(call);
+  return recording.answer(call, usual);
 }
 
-}  // namespace
+// In place of the standard libraries', so that a test chooses or knows what they return.
+unsigned std::thread::hardware_concurrency() noexcept { return unsigned(Call(4, "threads")); }
+char* mkdtemp(char* path) noexcept { return Call(0, "mkdtemp", path), path; }
 
-// In place of the standard library's, since a test can't choose the processors it runs on.
-unsigned std::thread::hardware_concurrency() noexcept {
-  return static_cast<unsigned>(Call(4, "hardware_concurrency"));
-}
+int VLIBCExec(CStr p, CStr a, CStr b, CStr c, CStr d) { return Call(0, "Exec", p, a, b, c, d); }
+int VLIBCFileTouch(CStr path) { return Call(0, "Touch", path); }
+int VLIBCErrGet() { return 0xAB; }
+CStr VLIBCErrorGetFile() { return "exec.cpp"; }
+int VLIBCErrorGetLine() { return 77; }
 
-int VLIBCExec(const char* program, const char* a1, const char* a2, const char* a3, const char* a4) {
-  return Call(0, "VLIBCExec", program, a1, a2, a3, a4);
+ProcessRunner::ProcessRunner(CStr program, CStr a, CStr b, CStr c, CStr end, CStr, CStr, CStr, CStr,
+                             CStr)
+    : program_(program), argv_{a, b, c, end} {
+  Call(0, "Runner");
 }
-int VLIBCFileTouch(const char* path) { return Call(0, "VLIBCFileTouch", path); }
-int VLIBCErrGet() { return Call(0xAB, "VLIBCErrGet"); }
-const char* VLIBCErrorGetFile() { return Call(0, "VLIBCErrorGetFile") ? nullptr : "exec.cpp"; }
-int VLIBCErrorGetLine() { return Call(77, "VLIBCErrorGetLine"); }
-
-ProcessRunner::ProcessRunner(const char* program, const char* a0, const char* a1, const char* a2,
-                             const char* a3, const char* a4, const char* a5, const char* a6,
-                             const char* a7, const char* a8) {
-  Call(0, "ProcessRunner", program, a0, a1, a2, a3, a4, a5, a6, a7, a8);
-}
-ProcessRunner::~ProcessRunner() { Call(0, "~ProcessRunner"); }
-int ProcessRunner::run(bool first, bool second) {
-  static_cast<void>(program_), static_cast<void>(argv_);  // clang warns of members without a use
-  return Call(0, "run", first, second);
+ProcessRunner::~ProcessRunner() = default;
+int ProcessRunner::run(bool x, bool y) {
+  return Call(0, "run", program_, argv_[0], argv_[1], argv_[2], argv_[3], x, y);
 }
 
 ConfigurationService::~ConfigurationService() = default;
 ConfigurationServiceImpl::ConfigurationServiceImpl() { Call(0, "ConfigurationService"); }
-ConfigurationServiceImpl::~ConfigurationServiceImpl() { Call(0, "~ConfigurationService"); }
+ConfigurationServiceImpl::~ConfigurationServiceImpl() = default;
 PackageSettingService::~PackageSettingService() = default;
-PackageSettingServiceImpl::PackageSettingServiceImpl(ConfigurationService&) {
-  Call(0, "SettingService");
-}
-PackageSettingServiceImpl::~PackageSettingServiceImpl() { Call(0, "~SettingService"); }
+PackageSettingServiceImpl::PackageSettingServiceImpl(ConfigurationService&) { Call(0, "Setting"); }
+PackageSettingServiceImpl::~PackageSettingServiceImpl() = default;
 PackageVpkServiceImpl::PackageVpkServiceImpl(PackageSettingService&) { Call(0, "VpkService"); }
-PackageVpkServiceImpl::~PackageVpkServiceImpl() { Call(0, "~VpkService"); }
+PackageVpkServiceImpl::~PackageVpkServiceImpl() = default;
 int PackageVpkServiceImpl::ExtractFile(const string& from, const string& to, const string& name) {
   return Call(0, "ExtractFile", from, to, name);
 }
 
-bool VEXAPackageTool::PMSLoadPKGInfoFile(const string& dir, PackageInfo& info, const char* third,
+bool VEXAPackageTool::PMSLoadPKGInfoFile(const string& dir, PackageInfo& info, CStr third,
                                          unsigned long long flags) {
-  info = recording.info;
+  info.name = "Alpha";
   return Call(1, "PMSLoadPKGInfoFile", dir, third, flags);
 }
-bool PackageBuiltin::IsHighPriorityPackage(const string& name) {
-  return Call(1, "IsHighPriorityPackage", name);
-}
-bool PackageBuiltin::ShouldInstallPackage(const string& name, BuiltinConfig& config) {
-  return Call(1, "ShouldInstallPackage", name, config.enable);
+bool PackageBuiltin::IsHighPriorityPackage(const string& name) { return Call(1, "IsHigh", name); }
+bool PackageBuiltin::ShouldInstallPackage(const string& name, BuiltinConfig&) {
+  return Call(1, "ShouldInstall", name);
 }
 UnitGenerator::UnitGenerator() { Call(0, "UnitGenerator"); }
-UnitGenerator::~UnitGenerator() { Call(0, "~UnitGenerator"); }
+UnitGenerator::~UnitGenerator() = default;
 bool UnitGenerator::Init(const string& name, const string& in) { return Call(1, "Init", name, in); }
 bool UnitGenerator::ToFile() const { return Call(1, "ToFile"); }
 
-bool VEXASystemdEnableInGenerator(const string& unit) { return Call(1, "EnableInGenerator", unit); }
+bool VEXASystemdEnableInGenerator(const string& unit) { return Call(1, "Enable", unit); }

@@ -1,23 +1,17 @@
 #pragma once
 
-#include <vexapkg/package_info.h>
-
 #include <functional>
 #include <string>
 #include <vector>
 
 /// What the platform that records was called for, and how it answers.
 struct Recording {
-  /// One line per call: name and arguments, texts in double quotes and byte for byte. A constructor
-  /// has the name of its class, a destructor that name after "~".
+  /// The name of each call (a constructor's is that of its class; destructors are not recorded) and
+  /// its arguments, byte for byte, with a "|" after each.
   std::vector<std::string> calls;
-  /// When set, decides from a call's line and its usual result (success) what the call returns.
-  std::function<int(const std::string& call, int usual)> answer;
-  /// When not 0, the call of that number throws std::runtime_error("boom").
-  std::size_t throwAt = 0;
-  /// What every archive's INFO says.
-  VEXAPackageTool::PackageInfo info;
+  /// Decides from a call and its usual result, success, what it returns; it may throw, too.
+  std::function<int(const std::string&, int)> answer = [](const auto&, int usual) { return usual; };
 };
 
-/// The one recording of the process. Never destroyed, since the services end after main.
-inline Recording& recording = *new Recording;
+/// The one recording of the process.
+inline Recording recording;
