@@ -7,4 +7,3 @@ mode /after-boot 0755
 --
 show default.target ActiveState=active
 show pkg-install-high-priority-builtin.service,pkg-install-low-priority-builtin.service LoadState=not-found
-show vexa-high-priority-packages.target,vexa-low-priority-packages.target Wants=
