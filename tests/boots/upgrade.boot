@@ -1,4 +1,4 @@
-== A boot after an upgrade: installs of high priority go side by side, each package is started after it is installed and enabled, what has to be there comes first, and the correction is run once. One reload more, with a generator that counts the runs, touches nothing of what the first run made.
+== After an upgrade installs of high priority go side by side, a package is started when it is installed and enabled, and the correction is run once. One reload more touches nothing of what was made.
 vpk Alpha.vpk Alpha system example-db.service ; vpk Beta.vpk Beta system ; vpk Delta.vpk Delta system
 vpk Gamma.vpk Gamma volume ; member Gamma.vpk conf [Service]\nNice=5\n ; file /var/.UpgradeBootup ; cpus 0-3
 policy {"Alpha": {"priority": "high"}, "Beta": {"priority": "high", "enable": false}, "Delta": {"enable": false}}
@@ -6,12 +6,10 @@ file /etc/systemd/system/example-db.service [Service]\nType=oneshot\nRemainAfter
 link /etc/systemd/system/default.target.wants/example-db.service ../example-db.service
 file /etc/systemd/system-generators/count-runs #!/bin/bash\necho run >>/run/generator-runs\n ; mode /etc/systemd/system-generators/count-runs 0755
 file /after-boot
-| #!/bin/bash
 | touch /run/mark
 | systemctl daemon-reload
 | find /run/systemd/system /run/.vexapkg_* -newer /run/mark
 | echo "the generators ran $(wc -l </run/generator-runs) times"
-mode /after-boot 0755
 --
 log pass: *
 output the generators ran 4 times
@@ -27,8 +25,7 @@ show pkgctl-Gamma.service ActiveState=active NeedDaemonReload=no WantedBy=vexa-l
 order example-db.service finished < pkg-install-high-priority-builtin.service started
 order vexa-service-tmp.service finished < pkg-install-high-priority-builtin.service started < pkg-install-high-priority-builtin.service finished < pkgctl-Alpha.service started
 order pkg-volume.target finished < pkg-install-low-priority-builtin.service started < pkg-install-low-priority-builtin.service finished < pkgctl-Gamma.service started
-order vexa-login.target finished < pkg-install-low-priority-builtin.service started
-order pkg-install-low-priority-builtin.service finished < pkg-builtin-resource-clearer.service started
+order vexa-login.target finished < pkg-install-low-priority-builtin.service started < pkg-install-low-priority-builtin.service finished < pkg-builtin-resource-clearer.service started
 order begin vexapkg install …/Beta.vpk < done vexapkg install …/Alpha.vpk < begin vexapkgctl enable Alpha
 order begin vexapkg install …/Alpha.vpk < done vexapkg install …/Beta.vpk < begin vexapkgctl enable Alpha
 journal Finished pkg-install-high-priority-builtin.service ; journal Finished pkg-install-low-priority-builtin.service
