@@ -26,7 +26,6 @@ order example-db.service finished < pkg-install-high-priority-builtin.service st
 order vexa-service-tmp.service finished < pkg-install-high-priority-builtin.service started < pkg-install-high-priority-builtin.service finished < pkgctl-Alpha.service started
 order pkg-volume.target finished < pkg-install-low-priority-builtin.service started < pkg-install-low-priority-builtin.service finished < pkgctl-Gamma.service started
 order vexa-login.target finished < pkg-install-low-priority-builtin.service started < pkg-install-low-priority-builtin.service finished < pkg-builtin-resource-clearer.service started
-order begin vexapkg install …/Beta.vpk < done vexapkg install …/Alpha.vpk < begin vexapkgctl enable Alpha
-order begin vexapkg install …/Alpha.vpk < done vexapkg install …/Beta.vpk < begin vexapkgctl enable Alpha
+order begin vexapkg install …/Beta.vpk < done vexapkg install …/Alpha.vpk < begin vexapkgctl enable Alpha ; order begin vexapkg install …/Alpha.vpk < done vexapkg install …/Beta.vpk < begin vexapkgctl enable Alpha
 journal Finished pkg-install-high-priority-builtin.service ; journal Finished pkg-install-low-priority-builtin.service
 journal Finished pkgctl-Alpha.service ; journal Finished pkgctl-Gamma.service
