@@ -1,23 +1,18 @@
-policy {"High": {"priority": "high"}, "Idle": {"enable": false}}
-vpk Idle.vpk Idle system ; vpk Low.vpk Low system
+policy {"High": {"priority": "high"}, "Idle": {"enable": false}} ; vpk Idle.vpk Idle system ; vpk Low.vpk Low system
 
 == A prerequisite that is the startup unit of a package of the other priority: this priority waits for the other one.
 vpk High.vpk High system pkgctl-Low.service
 --
-log pass: High.vpk Idle.vpk Low.vpk
+log pass: *
 call vexapkg install --daemon-reload 0 --job-name install_low_builtin_pkgs /.VexaUpgradePackages/Idle.vpk /.VexaUpgradePackages/Low.vpk
 call vexapkg install --daemon-reload 0 /.VexaUpgradePackages/High.vpk
-call vexapkgctl enable High
-call vexapkgctl enable Low
-call vexapkgctl start High
-call vexapkgctl start Low
+call vexapkgctl enable High ; call vexapkgctl enable Low ; call vexapkgctl start High ; call vexapkgctl start Low
 order done vexapkgctl start Low < begin vexapkg install …/High.vpk
 
 == One that is the startup unit of a package that is not enabled: no package of this priority is installed.
 vpk High.vpk High system pkgctl-Idle.service
 --
-log pass: High.vpk Idle.vpk Low.vpk
+log pass: *
 call vexapkg install --daemon-reload 0 --job-name install_low_builtin_pkgs /.VexaUpgradePackages/Idle.vpk /.VexaUpgradePackages/Low.vpk
-call vexapkgctl enable Low
-call vexapkgctl start Low
-journal 1 Dependency failed for pkg-install-high-priority-builtin.service
+call vexapkgctl enable Low ; call vexapkgctl start Low
+journal Dependency failed for pkg-install-high-priority-builtin.service
