@@ -1,5 +1,6 @@
 // Preloaded into a program, makes one of the allocations after the start of main fail: number
-// FAIL_AT, or with FAIL_ON=1 that one and all after it. Then it makes the file /failed.
+// FAIL_AT, or with FAIL_ON=1 that one and all after it. Then it makes the file /failed. All files
+// are read and written in small pieces.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <unistd.h>
@@ -28,9 +29,15 @@ extern "C" {
 void* __libc_malloc(std::size_t size);
 void* __libc_calloc(std::size_t number, std::size_t size);
 void* __libc_realloc(void* old, std::size_t size);
+ssize_t __read(int fd, void* to, std::size_t size);
+ssize_t __write(int fd, const void* from, std::size_t size);
 void* malloc(std::size_t size) { return Fails() ? nullptr : __libc_malloc(size); }
 void* calloc(std::size_t n, std::size_t size) { return Fails() ? nullptr : __libc_calloc(n, size); }
 void* realloc(void* old, std::size_t size) { return Fails() ? nullptr : __libc_realloc(old, size); }
+ssize_t read(int fd, void* to, std::size_t size) { return __read(fd, to, size < 99 ? size : 99); }
+ssize_t write(int fd, const void* from, std::size_t size) {
+  return __write(fd, from, size < 99 ? size : 99);
+}
 int __libc_start_main(decltype(realMain) main, int argc, char** argv, void (*init)(),
                       void (*fini)(), void (*end)(), void* stack) {
   realMain = main;
