@@ -22,9 +22,8 @@ static string Text(unsigned long long number) { return std::to_string(number); }
 
 template <typename... Words>
 static int Call(int usual, const Words&... words) {
-  const string call = ((Text(words) + '|') + ...);
-  recording.calls.push_back(call);
-  return recording.answer(call, usual);
+  calls.push_back(((Text(words) + '|') + ...));
+  return answer(calls.back(), usual);
 }
 
 // In place of the standard libraries', so that a test chooses or knows what they return.
