@@ -142,14 +142,14 @@ TEST_F(Generator, GoesOnAfterACallThatFailsAndIsEndedByOneThatThrows) {
   EXPECT_EQ(CallsOfRun(0, false)[3], services[2]);
 
   const Lines usual = CallsOfRun(0, false), removal(&usual[5], &usual[7]);
-  EXPECT_EQ(usual[4], "PMSLoadPKGInfoFile|/tmp/vexapkg_XXXXXX|null|1075838976|");
+  EXPECT_EQ(usual[4], "LoadInfo|/tmp/vexapkg_XXXXXX|null|1075838976|");
   EXPECT_EQ(removal[1], "run|/bin/rm|/bin/rm|-rf|/tmp/vexapkg_XXXXXX|null|1|0|");
-  EXPECT_EQ(usual[7] + usual[8], "IsHigh|Alpha|ShouldInstall|Alpha|");
+  EXPECT_EQ(usual[7] + usual[8], "IsHigh|Alpha|Should|Alpha|");
   // A call, what is logged when it fails, and where the run then goes on if not at the next call.
   const Lines rules[] = {
       {R"(Exec\|/bin/mkdir\|-p\|(.*?)\|.*)", "Failed to mkdir, path=[$1] [0x00AB exec.cpp:77]"},
       {R"(Enable\|(.*)\|)", "Failed to enable unit in generator, unit=[$1]"},
-      {R"(ExtractFile\|(.*)\|.*\|INFO\|)", "Failed to extract file [INFO] from [$1].", "Runner|"},
+      {R"(Extract\|(.*)\|.*\|INFO\|)", "Failed to extract file [INFO] from [$1].", "Runner|"},
       {R"(Init\|.*|ToFile\|)", "Failed to generate systemd unit, pkg=[Alpha]", "Runner|"},
       {R"(Touch\|(.*)\|)", "Failed to touch flag [$1]"},
       {R"(Exec.*\|correct-cfg\|--config-only\|null.*)", "Failed to correct package unit", "end"}};

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-/// What a platform that records was called for: the name of each function (a constructor's is that
+/// What a platform that records was called for: a name for each function (a constructor's is that
 /// of its class; destructors are not recorded) and its arguments, with a "|" after each.
 inline std::vector<std::string> calls;
 
