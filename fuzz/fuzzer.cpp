@@ -1,6 +1,4 @@
 // The fuzz targets: what one expects of an input holds, or ends the run. FUZZ_TARGET names it.
-#include <sys/stat.h>
-#include <unistd.h>
 #include <vexapkg/package_core.h>
 #include <vexapkg/policy_text.h>
 #include <vexapkg/unit_generator.h>
@@ -10,7 +8,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
-#include <iostream>
+#include <map>
 #include <numeric>
 #include <regex>
 
@@ -24,11 +22,11 @@ using std::string;
 static const fs::path kUnits = "/run/systemd/system", kUnit = "pkgctl-fuzz.service";
 
 static void Expect(bool holds, const char* what) {
-  if (!holds) std::cerr << "does not hold: " << what << std::endl, std::abort();
+  if (!holds) throw std::logic_error(what);
 }
 
 /// A member of an archive comes out as a private file of bounded size, or nothing does.
-static void CheckArchive(const string& input) {
+static void Archive(const string& input) {
   string archive = input;
   for (std::size_t at = 0; at + 512 <= archive.size(); at += 512) {
     if (archive.compare(at + 257, 5, "ustar") != 0) continue;
@@ -37,19 +35,20 @@ static void CheckArchive(const string& input) {
     const auto* header = reinterpret_cast<const unsigned char*>(&archive[at]);
     std::snprintf(&archive[at + 148], 7, "%06o", std::accumulate(header, header + 512, 0U));
   }
-  std::ofstream("/tmp/fuzz.vpk") << archive;
-  mkdir("/tmp/out", 0700);
-  struct stat file;
-  auto& service = VEXAPackageCore::Modules::getPackageVpkService();
-  if (service.ExtractFile("/tmp/fuzz.vpk", "/tmp/out", "INFO") == 0)
-    Expect(lstat("/tmp/out/INFO", &file) == 0 && file.st_mode == (S_IFREG | 0600) &&
-               file.st_size <= 16 * 1024 * 1024 && unlink("/tmp/out/INFO") == 0,
+  std::ofstream("/tmp/vpk") << archive;
+  const fs::path out = "/tmp/out", info = out / "INFO";
+  fs::create_directory(out);
+  if (VEXAPackageCore::Modules::getPackageVpkService().ExtractFile("/tmp/vpk", out, "INFO") == 0) {
+    const fs::file_status file = fs::symlink_status(info);
+    Expect(fs::is_regular_file(file) && file.permissions() == fs::perms(0600) &&
+               fs::file_size(info) <= 16 * 1024 * 1024 && fs::remove(info),
            "success leaves a private regular file of bounded size");
-  Expect(rmdir("/tmp/out") == 0, "nothing else is left behind");
+  }
+  Expect(fs::is_empty(out), "nothing else is left behind");
 }
 
 /// INFO is taken as a whole or not at all, and a unit made of it has its own lines and no others.
-static void CheckInfo(const string& input) {
+static void Info(const string& input) {
   std::ofstream("/tmp/INFO") << input;
   VEXAPackageTool::PackageInfo info{"old", "old", {{"old"}}, {}};
   if (!VEXAPackageTool::PMSLoadPKGInfoFile("/tmp", info, nullptr, 0x40200000)) {
@@ -66,7 +65,7 @@ static void CheckInfo(const string& input) {
 }
 
 /// A policy is taken, or refused with the one exception that is promised.
-static void CheckPolicy(const string& input) try {
+static void Policy(const string& input) try {
   for (const auto& [name, entry] : PackageBuiltin::ParsePolicy(input))
     Expect(entry.install || input.find("false") != string::npos, "no \"false\", installed");
 } catch (const std::runtime_error& error) {
@@ -78,20 +77,17 @@ static string Unescape(const string& text, const char* special, const std::set<s
   string plain;
   for (std::size_t i = 0; i < text.size(); ++i) {
     Expect(text[i] >= ' ' && text[i] <= '~', "all is printable");
-    const string escape = text.substr(i, 2);
-    if (!std::strchr(special, text[i])) {
-      plain += text[i];
-    } else {
-      Expect(escapes.contains(escape), "nothing is expanded, and no quote ends early");
-      plain += escape == "\\x" ? char(std::stoi(text.substr(i + 2, 2), nullptr, 16)) : escape[1];
-      i += escape == "\\x" ? 3 : 1;
-    }
+    const bool escaped = std::strchr(special, text[i]);
+    if (escaped) Expect(escapes.contains(text.substr(i++, 2)), "only escapes are special");
+    const bool hex = escaped && text[i] == 'x';
+    plain += hex ? char(std::stoi(text.substr(i + 1, 2), nullptr, 16)) : text[i];
+    i += hex ? 2 : 0;
   }
   return plain;
 }
 
 /// A path of any bytes, quoted and escaped, is what went in after systemd and bash have read it.
-static void CheckQuoting(const string& input) {
+static void Quoting(const string& input) {
   const string path = "/.VexaUpgradePackages/" + input;
   string word =
       Unescape(EscapeForExecStart(QuoteForBash(path)), "\\\"%$", {"\\\\", "\\\"", "%%", "$$"});
@@ -102,39 +98,38 @@ static void CheckQuoting(const string& input) {
   Expect(word == path, "it comes back");
 }
 
-/// The number of links to the unit. All that there is has its place.
-static int CountLinks() {
-  static const std::regex places(R"(f pkgctl-fuzz\.service|d [^/]+\.(wants|requires))"
-                                 R"(|l [^/]+\.((wants|requires)/pkgctl-fuzz\.)?service)");
-  int links = 0;
+/// All files and links that there are. Links lead to the unit, and have their places.
+static std::set<string> Entries() {
+  static const std::regex expected(R"(pkgctl-fuzz\.service|[^/]+\.(wants|requires)/)"
+                                   R"(|[^/]+\.((wants|requires)/pkgctl-fuzz\.)?service -> )" +
+                                   string(kUnits / kUnit));
+  std::set<string> entries;
   for (const fs::directory_entry& entry : fs::recursive_directory_iterator(kUnits)) {
-    const bool link = entry.is_symlink();
-    const string kind = link ? "l " : entry.is_directory() ? "d " : "f ";
-    Expect(std::regex_match(kind + string(entry.path().lexically_relative(kUnits)), places) &&
-               (!link || fs::read_symlink(entry) == kUnits / kUnit),
-           "only links to the unit are made, in their places");
-    links += link;
+    string text = entry.path().lexically_relative(kUnits);
+    if (entry.is_symlink()) text += " -> " + string(fs::read_symlink(entry));
+    if (entry.is_directory()) text += '/';
+    Expect(std::regex_match(text, expected), "only links to the unit are made, in their places");
+    entries.insert(text);
   }
-  return links;
+  return entries;
 }
 
 /// Enabling a unit makes links to it in the places for links, and no more.
-static void CheckUnit(const string& input) {
+static void Unit(const string& input) {
   fs::remove_all(kUnits);
   fs::create_directories(kUnits);
   std::ofstream(kUnits / kUnit) << input;
   const bool enabled = VEXASystemdEnableInGenerator(kUnit);
-  const int links = CountLinks();
+  const auto entries = Entries();
   Expect(VEXASystemdEnableInGenerator(kUnit) == enabled, "enabling again has the same result");
-  Expect(CountLinks() == links, "and changes nothing");
+  Expect(Entries() == entries, "and changes nothing");
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const char* data, std::size_t size) {
-  static const string target = std::getenv("FUZZ_TARGET");
-  (target == "archive"   ? CheckArchive
-   : target == "info"    ? CheckInfo
-   : target == "policy"  ? CheckPolicy
-   : target == "quoting" ? CheckQuoting
-                         : CheckUnit)({data, size});
+  using Target = std::pair<const string, void (*)(const string&)>;
+  static const std::map targets{Target("archive", Archive), Target("info", Info),
+                                Target("policy", Policy), Target("quoting", Quoting),
+                                Target("unit", Unit)};
+  targets.at(std::getenv("FUZZ_TARGET"))({data, size});
   return 0;
 }

@@ -15,16 +15,16 @@ using std::string;
 using VEXAPackageTool::Service::UnitGenerator;
 using VEXAUtils::ProcessRunner;
 using CStr = const char*;
+using Str = const string&;
 
 static string Text(CStr text) { return text ? text : "null"; }
-static string Text(const string& text) { return text; }
+static string Text(Str text) { return text; }
 static string Text(unsigned long long number) { return std::to_string(number); }
 
 template <typename... Words>
 static int Call(int usual, const Words&... words) {
-  const string call = ((Text(words) + '|') + ...);
-  recording.calls.push_back(call);
-  return recording.answer(call, usual);
+  calls.push_back(((Text(words) + '|') + ...));
+  return answer(calls.back(), usual);
 }
 
 // In place of the standard libraries', so that a test chooses or knows what they return.
@@ -37,9 +37,8 @@ int VLIBCErrGet() { return 0xAB; }
 CStr VLIBCErrorGetFile() { return "exec.cpp"; }
 int VLIBCErrorGetLine() { return 77; }
 
-ProcessRunner::ProcessRunner(CStr program, CStr a, CStr b, CStr c, CStr end, CStr, CStr, CStr, CStr,
-                             CStr)
-    : program_(program), argv_{a, b, c, end} {
+ProcessRunner::ProcessRunner(CStr p, CStr a, CStr b, CStr c, CStr d, CStr, CStr, CStr, CStr, CStr)
+    : program_(p), argv_{a, b, c, d} {
   Call(0, "Runner");
 }
 ProcessRunner::~ProcessRunner() = default;
@@ -55,22 +54,17 @@ PackageSettingServiceImpl::PackageSettingServiceImpl(ConfigurationService&) { Ca
 PackageSettingServiceImpl::~PackageSettingServiceImpl() = default;
 PackageVpkServiceImpl::PackageVpkServiceImpl(PackageSettingService&) { Call(0, "VpkService"); }
 PackageVpkServiceImpl::~PackageVpkServiceImpl() = default;
-int PackageVpkServiceImpl::ExtractFile(const string& from, const string& to, const string& name) {
-  return Call(0, "ExtractFile", from, to, name);
-}
+int PackageVpkServiceImpl::ExtractFile(Str a, Str b, Str c) { return Call(0, "Extract", a, b, c); }
 
-bool VEXAPackageTool::PMSLoadPKGInfoFile(const string& dir, PackageInfo& info, CStr third,
-                                         unsigned long long flags) {
+bool VEXAPackageTool::PMSLoadPKGInfoFile(Str dir, PackageInfo& info, CStr c, unsigned long long d) {
   info.name = "Alpha";
-  return Call(1, "PMSLoadPKGInfoFile", dir, third, flags);
+  return Call(1, "LoadInfo", dir, c, d);
 }
-bool PackageBuiltin::IsHighPriorityPackage(const string& name) { return Call(1, "IsHigh", name); }
-bool PackageBuiltin::ShouldInstallPackage(const string& name, BuiltinConfig&) {
-  return Call(1, "ShouldInstall", name);
-}
+bool PackageBuiltin::IsHighPriorityPackage(Str name) { return Call(1, "IsHigh", name); }
+bool PackageBuiltin::ShouldInstallPackage(Str n, BuiltinConfig&) { return Call(1, "Should", n); }
 UnitGenerator::UnitGenerator() { Call(0, "UnitGenerator"); }
 UnitGenerator::~UnitGenerator() = default;
-bool UnitGenerator::Init(const string& name, const string& in) { return Call(1, "Init", name, in); }
+bool UnitGenerator::Init(Str name, Str in) { return Call(1, "Init", name, in); }
 bool UnitGenerator::ToFile() const { return Call(1, "ToFile"); }
 
-bool VEXASystemdEnableInGenerator(const string& unit) { return Call(1, "Enable", unit); }
+bool VEXASystemdEnableInGenerator(Str unit) { return Call(1, "Enable", unit); }
