@@ -3,8 +3,7 @@ vpk High\x20\x20"d"'s'\x5c\x5c"\x5c'\x20$HOME${HOME}$$\x20$1%n%%\x5c\x20\x5cn\x5
 vpk Low\x20\x20"d"'s'\x5c\x5c"\x5c'\x20$HOME${HOME}$$\x20$1%n%%\x5c\x20\x5cn\x5cx41;>owned;`>owned`$(>owned)&>owned&|>owned\x20#*?[a-z]{a,b}~!<>()$'x'\nExecStartPre=touch\x20owned;\x01\x1b\x7f\x0d\x09\xff\xc3\x28\xf0ü€.vpk Low system
 policy {"High": {"priority": "high"}, "Low": {"enable": false}} ; cpus 0-3
 --
-log pass: *
-call vexapkg install --daemon-reload 0 $'/.VexaUpgradePackages/High  …'
-call vexapkg install --daemon-reload 0 --job-name install_low_builtin_pkgs $'/.VexaUpgradePackages/Low  …'
+log | pass: *
+call vexapkg install --daemon-reload 0 $'/.VexaUpgradePackages/High  …' ; call vexapkg install --daemon-reload 0 --job-name install_low_builtin_pkgs $'/.VexaUpgradePackages/Low  …'
 call vexapkgctl enable High ; call vexapkgctl start High
 show pkg-install-high-priority-builtin.service,pkg-install-low-priority-builtin.service Result=success

@@ -3,16 +3,15 @@ policy {"High": {"priority": "high"}, "Idle": {"enable": false}} ; vpk Idle.vpk 
 == A prerequisite that is the startup unit of a package of the other priority: this priority waits for the other one.
 vpk High.vpk High system pkgctl-Low.service
 --
-log pass: *
+log | pass: *
 call vexapkg install --daemon-reload 0 --job-name install_low_builtin_pkgs /.VexaUpgradePackages/Idle.vpk /.VexaUpgradePackages/Low.vpk
-call vexapkg install --daemon-reload 0 /.VexaUpgradePackages/High.vpk
-call vexapkgctl enable High ; call vexapkgctl enable Low ; call vexapkgctl start High ; call vexapkgctl start Low
+call vexapkg install --daemon-reload 0 /.VexaUpgradePackages/High.vpk ; call vexapkgctl enable High ; call vexapkgctl enable Low ; call vexapkgctl start High ; call vexapkgctl start Low
 order done vexapkgctl start Low < begin vexapkg install …/High.vpk
 
 == One that is the startup unit of a package that is not enabled: no package of this priority is installed.
 vpk High.vpk High system pkgctl-Idle.service
 --
-log pass: *
-call vexapkg install --daemon-reload 0 --job-name install_low_builtin_pkgs /.VexaUpgradePackages/Idle.vpk /.VexaUpgradePackages/Low.vpk
-call vexapkgctl enable Low ; call vexapkgctl start Low
-journal Dependency failed for pkg-install-high-priority-builtin.service
+log | pass: *
+call vexapkg install --daemon-reload 0 --job-name install_low_builtin_pkgs /.VexaUpgradePackages/Idle.vpk /.VexaUpgradePackages/Low.vpk ; call vexapkgctl enable Low
+call vexapkgctl start Low
+order …Dependency failed for pkg-install-high-priority-builtin.service…

@@ -11,13 +11,11 @@ file /after-boot
 | find /run/systemd/system /run/.vexapkg_* -newer /run/mark
 | echo "the generators ran $(wc -l </run/generator-runs) times"
 --
-log pass: *
+log | pass: *
 output the generators ran 4 times
 call vexapkg install --daemon-reload 0 --job-name install_low_builtin_pkgs /.VexaUpgradePackages/Delta.vpk /.VexaUpgradePackages/Gamma.vpk
-call vexapkg install --daemon-reload 0 /.VexaUpgradePackages/Alpha.vpk
-call vexapkg install --daemon-reload 0 /.VexaUpgradePackages/Beta.vpk
-call vexapkgctl correct-cfg --config-only ; call vexapkgctl enable Alpha ; call vexapkgctl enable Gamma
-call vexapkgctl start Alpha ; call vexapkgctl start Gamma
+call vexapkg install --daemon-reload 0 /.VexaUpgradePackages/Alpha.vpk ; call vexapkg install --daemon-reload 0 /.VexaUpgradePackages/Beta.vpk ; call vexapkgctl correct-cfg --config-only
+call vexapkgctl enable Alpha ; call vexapkgctl enable Gamma ; call vexapkgctl start Alpha ; call vexapkgctl start Gamma
 show default.target,pkgctl-Alpha.service ActiveState=active NeedDaemonReload=no
 show pkg-install-high-priority-builtin.service,pkg-install-low-priority-builtin.service ActiveState=active Result=success NeedDaemonReload=no Slice=package_center.slice
 show pkgctl-Beta.service,pkgctl-Delta.service LoadState=loaded ActiveState=inactive InactiveExitTimestampMonotonic=0
@@ -26,6 +24,6 @@ order example-db.service finished < pkg-install-high-priority-builtin.service st
 order vexa-service-tmp.service finished < pkg-install-high-priority-builtin.service started < pkg-install-high-priority-builtin.service finished < pkgctl-Alpha.service started
 order pkg-volume.target finished < pkg-install-low-priority-builtin.service started < pkg-install-low-priority-builtin.service finished < pkgctl-Gamma.service started
 order vexa-login.target finished < pkg-install-low-priority-builtin.service started < pkg-install-low-priority-builtin.service finished < pkg-builtin-resource-clearer.service started
-order begin vexapkg install …/Beta.vpk < done vexapkg install …/Alpha.vpk < begin vexapkgctl enable Alpha ; order begin vexapkg install …/Alpha.vpk < done vexapkg install …/Beta.vpk < begin vexapkgctl enable Alpha
-journal Finished pkg-install-high-priority-builtin.service ; journal Finished pkg-install-low-priority-builtin.service
-journal Finished pkgctl-Alpha.service ; journal Finished pkgctl-Gamma.service
+order begin vexapkg install …/Beta.vpk < done vexapkg install …/Alpha.vpk < begin vexapkgctl enable Alpha
+order begin vexapkg install …/Alpha.vpk < done vexapkg install …/Beta.vpk < begin vexapkgctl enable Alpha ; order …Finished pkg-install-high-priority-builtin.service…
+order …Finished pkg-install-low-priority-builtin.service… ; order …Finished pkgctl-Alpha.service… ; order …Finished pkgctl-Gamma.service…
