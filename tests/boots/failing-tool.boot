@@ -1,6 +1,5 @@
 == The package tool fails for one package of each priority: the services count as done, what follows them is tried, and the boot goes on.
-vpk Bad.vpk Bad ; vpk Good.vpk Good ; vpk Poor.vpk Poor system ; vpk Rich.vpk Rich system ; cpus 0-1
-policy {"Bad": {"priority": "high"}, "Good": {"priority": "high"}}
+vpk Bad.vpk Bad ; vpk Good.vpk Good ; vpk Poor.vpk Poor system ; vpk Rich.vpk Rich system ; cpus 0-1 ; policy {"Bad": {"priority": "high"}, "Good": {"priority": "high"}}
 file /etc/failing-calls \x20vexapkg install\n vexapkgctl enable Poor\n vexapkgctl start Bad\n vexapkgctl start Poor\n
 --
 log | pass: *

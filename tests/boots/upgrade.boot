@@ -5,10 +5,7 @@ policy {"Alpha": {"priority": "high"}, "Beta": {"priority": "high", "enable": fa
 file /etc/systemd/system/example-db.service [Service]\nType=oneshot\nRemainAfterExit=yes\nExecStart=/bin/sleep 0.2\n
 link /etc/systemd/system/default.target.wants/example-db.service ../example-db.service
 file /etc/systemd/system-generators/count-runs #!/bin/bash\necho run >>/run/generator-runs\n ; mode /etc/systemd/system-generators/count-runs 0755
-file /after-boot
-| touch /run/mark
-| systemctl daemon-reload
-| find /run/systemd/system /run/.vexapkg_* -newer /run/mark
+file /after-boot | touch /run/mark | systemctl daemon-reload | find /run/systemd/system /run/.vexapkg_* -newer /run/mark
 | echo "the generators ran $(wc -l </run/generator-runs) times"
 --
 log | pass: *
