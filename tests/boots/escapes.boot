@@ -5,7 +5,7 @@ file /etc/systemd/system/example\x5cx2ddb@.service [Service]\nType=oneshot\nRema
 link /etc/systemd/system/default.target.wants/example\x5cx2ddb@main\x5cx20one.service ../example\x5cx2ddb@.service
 file /etc/systemd/system/mnt-data\x5cx2dset.mount [Mount]\nWhat=tmpfs\nWhere=/mnt/data-set\nType=tmpfs\n
 link /etc/systemd/system/default.target.wants/mnt-data\x5cx2dset.mount ../mnt-data\x5cx2dset.mount
-# The order …is to hear what becomes of the device.…
+# The journal is to hear what becomes of the device.
 file /etc/systemd/system/dev-disk-by\x5cx2duuid-0a1b\x5cx2d2c3d.device.d/after.conf [Unit]\nAfter=systemd-journald.service\n
 --
 log | pass: *
