@@ -12,6 +12,5 @@ order done vexapkgctl start Low < begin vexapkg install …/High.vpk
 vpk High.vpk High system pkgctl-Idle.service
 --
 log | pass: *
-call vexapkg install --daemon-reload 0 --job-name install_low_builtin_pkgs /.VexaUpgradePackages/Idle.vpk /.VexaUpgradePackages/Low.vpk ; call vexapkgctl enable Low
-call vexapkgctl start Low
+call vexapkg install --daemon-reload 0 --job-name install_low_builtin_pkgs /.VexaUpgradePackages/Idle.vpk /.VexaUpgradePackages/Low.vpk ; call vexapkgctl enable Low ; call vexapkgctl start Low
 order …Dependency failed for pkg-install-high-priority-builtin.service…
