@@ -34,10 +34,8 @@ ssize_t __write(int fd, const void* from, std::size_t size);
 void* malloc(std::size_t size) { return Fails() ? nullptr : __libc_malloc(size); }
 void* calloc(std::size_t n, std::size_t size) { return Fails() ? nullptr : __libc_calloc(n, size); }
 void* realloc(void* old, std::size_t size) { return Fails() ? nullptr : __libc_realloc(old, size); }
-ssize_t read(int fd, void* to, std::size_t size) { return __read(fd, to, size < 99 ? size : 99); }
-ssize_t write(int fd, const void* from, std::size_t size) {
-  return __write(fd, from, size < 99 ? size : 99);
-}
+ssize_t read(int fd, void* p, std::size_t n) { return __read(fd, p, n < 99 ? n : 99); }
+ssize_t write(int fd, const void* p, std::size_t n) { return __write(fd, p, n < 99 ? n : 99); }
 int __libc_start_main(decltype(realMain) main, int argc, char** argv, void (*init)(),
                       void (*fini)(), void (*end)(), void* stack) {
   realMain = main;
