@@ -5,12 +5,16 @@
 #include <vexasystemd/vexasystemd.h>
 
 #include <algorithm>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <numeric>
 #include <regex>
+#include <set>
+#include <stdexcept>
 
 #include "intake/package_names.h"
 #include "intake/unit_names.h"
