@@ -44,13 +44,13 @@ bool IsUnitName(const std::string& name) {
 /// masked by a link to /dev/null, which is no regular file. One masked by an empty file asks for no
 /// links.
 bool ReadUnit(const std::string& unit, std::string& path, std::string& text) {
+  int error = ENOENT;
   for (const char* dir : kSearchDirs) {
     path = std::string(dir) + "/" + unit;
-    const int error = VexaReadFile(path, kMaxUnitFileBytes, text);
-    if (error == ENOENT || error == ENOTDIR) continue;
-    return error == 0;
+    error = VexaReadFile(path, kMaxUnitFileBytes, text);
+    if (error != ENOENT && error != ENOTDIR) break;
   }
-  return false;
+  return error == 0;
 }
 
 bool PointsTo(const std::string& link, const std::string& target) {

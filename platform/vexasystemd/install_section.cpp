@@ -52,10 +52,7 @@ InstallSection ParseInstallSection(std::string_view text) {
   bool inInstall = false;
   while (!text.empty()) {
     const std::string line = TakeLine(text);
-    if (line.starts_with('[')) {
-      inInstall = line == "[Install]";
-      continue;
-    }
+    if (line.starts_with('[')) inInstall = line == "[Install]";
     const auto equals = line.find('=');
     if (!inInstall || equals == std::string::npos) continue;
     std::string key = line.substr(0, equals);
