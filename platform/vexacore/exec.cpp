@@ -39,7 +39,7 @@ int VexaSpawnAndWait(const char* program, const char* const* argv) {
   if (const int error = SpawnOnDevNull(pid, program, argv))
     return VexaRecordError(error, __FILE__, __LINE__);
   int status;
-  while (waitpid(pid, &status, 0) < 0)
+  while (waitpid(pid, &status, 0) == -1)
     if (errno != EINTR) return VexaRecordError(errno, __FILE__, __LINE__);
   if (WIFSIGNALED(status)) return VexaRecordError(0x200 + WTERMSIG(status), __FILE__, __LINE__);
   if (WEXITSTATUS(status) != 0)

@@ -14,7 +14,7 @@ namespace {
 template <typename Call>
 auto RetryOnInterrupt(Call call) {
   auto result = call();
-  while (result < 0 && errno == EINTR) result = call();
+  while (result == -1 && errno == EINTR) result = call();
   return result;
 }
 
@@ -22,7 +22,7 @@ int WriteAll(int fd, std::string_view content) {
   while (!content.empty()) {
     const ssize_t written =
         RetryOnInterrupt([&] { return write(fd, content.data(), content.size()); });
-    if (written < 0) return errno;
+    if (written == -1) return errno;
     content.remove_prefix(static_cast<std::size_t>(written));
   }
   return 0;
@@ -34,14 +34,14 @@ int VLIBCFileTouch(const char* path) {
   if (utimensat(AT_FDCWD, path, nullptr, 0) == 0) return 0;
   if (errno != ENOENT) return VexaRecordError(errno, __FILE__, __LINE__);
   const int fd = open(path, O_WRONLY | O_CREAT | O_NONBLOCK | O_NOCTTY | O_CLOEXEC, 0644);
-  if (fd < 0) return VexaRecordError(errno, __FILE__, __LINE__);
+  if (fd == -1) return VexaRecordError(errno, __FILE__, __LINE__);
   close(fd);
   return 0;
 }
 
 int VexaOpenRegularFile(const std::string& path, int& fd, std::int64_t& size) {
   fd = open(path.c_str(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-  if (fd < 0) return errno;
+  if (fd == -1) return errno;
   struct stat info;
   int error = fstat(fd, &info) == 0 ? 0 : errno;
   if (error == 0 && !S_ISREG(info.st_mode)) error = EINVAL;
@@ -64,19 +64,18 @@ int VexaReadFile(const std::string& path, std::size_t maxBytes, std::string& con
   while (done < size) {
     const ssize_t got =
         RetryOnInterrupt([&] { return read(fd, content.data() + done, size - done); });
-    if (got < 0) return errno;
-    if (got == 0) break;
+    if (got == -1) return errno;
+    if (got == 0) return EIO;  // it has shrunk
     done += static_cast<std::size_t>(got);
   }
-  content.resize(done);
   return 0;
 }
 
 int VexaWriteNewFile(const std::string& path, unsigned mode, std::string_view content) {
   const int fd = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode);
-  if (fd < 0) return errno;
+  if (fd == -1) return errno;
   int error = WriteAll(fd, content);
-  if (close(fd) < 0 && error == 0) error = errno;
+  if (close(fd) == -1 && error == 0) error = errno;
   if (error != 0) unlink(path.c_str());
   return error;
 }
@@ -86,7 +85,7 @@ int VexaReplaceFile(const std::string& path, const std::string& temporaryPath,
   int error = VexaWriteNewFile(temporaryPath, 0644, content);
   if (error == EEXIST && unlink(temporaryPath.c_str()) == 0)
     error = VexaWriteNewFile(temporaryPath, 0644, content);
-  if (error == 0 && rename(temporaryPath.c_str(), path.c_str()) < 0) {
+  if (error == 0 && rename(temporaryPath.c_str(), path.c_str()) == -1) {
     error = errno;
     unlink(temporaryPath.c_str());
   }

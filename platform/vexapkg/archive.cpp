@@ -35,8 +35,8 @@ la_ssize_t ReadBlock(archive* reader, void* data, const void** buffer) {
   auto& file = *static_cast<ArchiveFile*>(data);
   ssize_t got;
   do got = pread(file.fd, file.block.data(), file.block.size(), file.offset);
-  while (got < 0 && errno == EINTR);
-  if (got < 0) {
+  while (got == -1 && errno == EINTR);
+  if (got == -1) {
     archive_set_error(reader, errno, "read");
     return ARCHIVE_FATAL;
   }

@@ -52,7 +52,7 @@ Policy LoadPolicy() {
   const int error = VexaReadFile(kPolicyFile, kMaxMemberBytes, text);
   if (error == ENOENT || error == ENOTDIR) {
     struct stat info;
-    if (lstat(kPolicyFile, &info) < 0) return {};
+    if (lstat(kPolicyFile, &info) == -1) return {};
     ThrowPolicyError("a link to nothing");
   }
   if (error != 0) ThrowPolicyError(error == EINVAL ? "not a regular file" : std::strerror(error));

@@ -54,7 +54,8 @@ bool FitsIntoLine(const std::string& word) {
 
 bool RemoveDropIn(const std::string& dir, const std::string& file) {
   // A name too long for a drop-in directory never had one.
-  if (unlink(file.c_str()) < 0) return errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG;
+  if (unlink(file.c_str()) == -1)
+    return errno == ENOENT || errno == ENOTDIR || errno == ENAMETOOLONG;
   rmdir(dir.c_str());  // stays when an administrator's drop-ins are in it
   return true;
 }

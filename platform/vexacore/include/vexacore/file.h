@@ -13,7 +13,8 @@
 int VexaOpenRegularFile(const std::string& path, int& fd, std::int64_t& size);
 
 /// Reads a regular file whole into `content`, following links. EFBIG when it is longer than
-/// `maxBytes`, EINVAL when it is no regular file; `content` is then unspecified.
+/// `maxBytes`, EINVAL when it is no regular file, EIO when it shrinks meanwhile; `content` is then
+/// unspecified.
 int VexaReadFile(const std::string& path, std::size_t maxBytes, std::string& content);
 
 /// Makes a new file of `mode` (less the umask) that holds `content`; EEXIST when there is anything,
