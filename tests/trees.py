@@ -33,6 +33,11 @@ def read(path):
     return [(text.count("\n", 0, tree.start()) + 1, tree[1], common + lines(tree[2]), lines(tree[3])) for tree in trees]
 
 
+def like(pattern):
+    """Of a line, in which an ellipsis stands for anything."""
+    return re.compile(".*".join(map(re.escape, pattern.split("\u2026"))))
+
+
 def build(root, lines):
     """Makes a tree; yields when all is there that a run is to find: its arguments, and the call that fails in it."""
     def new(path):
@@ -42,6 +47,7 @@ def build(root, lines):
             (shutil.rmtree if os.path.isdir(path) and not os.path.islink(path) else os.remove)(path)
         return path
 
+    os.umask(0o022)
     archives, root, inject = {}, os.fsencode(root), ""
     write = lambda path, content: Path(os.fsdecode(new(path))).write_bytes(content)
     make = {"link": lambda path, target: os.symlink(target, new(path)), "file": write,
