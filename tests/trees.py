@@ -7,8 +7,9 @@ FILES = {"policy": "file /usr/vexa/etc/builtin-policy.json", "cpus": "file /sys/
 
 
 def decode(text):
-    text = re.sub(r"\\\{(.*?)\*(\d+)\}", lambda m: m[1] * int(m[2]), text).replace("\\n", "\n")
-    return re.sub(rb"\\x([0-9a-f]{2})", lambda m: bytes.fromhex(m[1].decode()), os.fsencode(text))
+    plain = lambda text: re.sub(rb"\\x([0-9a-f]{2})", lambda m: bytes.fromhex(m[1].decode()), os.fsencode(text))
+    parts = [*re.split(r"(?s)\\\{(.*?)\*(\d+)\}", text.replace("\\n", "\n")), "", 0]
+    return b"".join(plain(text) + plain(again) * int(times) for text, again, times in zip(*[iter(parts)] * 3))
 
 
 def encode(data):
