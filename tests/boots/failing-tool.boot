@@ -6,7 +6,6 @@ log | pass: *
 call vexapkgctl enable Bad Good ; call vexapkgctl start Good ; call vexapkgctl start Rich
 call failed vexapkg install --daemon-reload 0 --job-name install_low_builtin_pkgs /.VexaUpgradePackages/Poor.vpk /.VexaUpgradePackages/Rich.vpk
 call failed vexapkg install --daemon-reload 0 /.VexaUpgradePackages/Bad.vpk /.VexaUpgradePackages/Good.vpk ; call failed vexapkgctl enable Poor Rich ; call failed vexapkgctl start Bad
-call failed vexapkgctl start Poor
-state degraded
+call failed vexapkgctl start Poor ; state degraded
 show default.target ActiveState=active ; show pkg-install-high-priority-builtin.service,pkg-install-low-priority-builtin.service ActiveState=active Result=success
 order failed vexapkg install …/Bad.vpk …/Good.vpk < begin vexapkgctl enable Bad Good

@@ -1,6 +1,5 @@
 == Confined as by systemd 253 and later, with nothing to write to but /run, /sys, /proc, /dev/shm and a private /tmp, the generator makes the same units.
-base upgrade
-file /after-boot
+base upgrade ; file /after-boot
 | set -euo pipefail | mv /run/systemd/system /run/of-the-boot | rm /run/.vexapkg_*
 | unshare --mount --propagation slave bash -euc '
 |   findmnt -rno TARGET |

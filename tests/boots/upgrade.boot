@@ -8,8 +8,7 @@ file /etc/systemd/system-generators/count-runs #!/bin/bash\necho run >>/run/gene
 file /after-boot | touch /run/mark | systemctl daemon-reload | find /run/systemd/system /run/.vexapkg_* -newer /run/mark
 | echo "the generators ran $(wc -l </run/generator-runs) times"
 --
-log | pass: *
-output the generators ran 4 times
+log | pass: * ; output the generators ran 4 times
 call vexapkg install --daemon-reload 0 --job-name install_low_builtin_pkgs /.VexaUpgradePackages/Delta.vpk /.VexaUpgradePackages/Gamma.vpk
 call vexapkg install --daemon-reload 0 /.VexaUpgradePackages/Alpha.vpk ; call vexapkg install --daemon-reload 0 /.VexaUpgradePackages/Beta.vpk ; call vexapkgctl correct-cfg --config-only
 call vexapkgctl enable Alpha ; call vexapkgctl enable Gamma ; call vexapkgctl start Alpha ; call vexapkgctl start Gamma
