@@ -4,6 +4,7 @@ from pathlib import Path
 
 UPGRADE, HOST_UNITS = "/.VexaUpgradePackages/", b"/usr/lib/systemd/system"
 FILES = {"policy": "file /usr/vexa/etc/builtin-policy.json", "cpus": "file /sys/devices/system/cpu/online"}
+os.umask(0o022)  # a tree is the same for everybody
 
 
 def decode(text):
@@ -40,7 +41,7 @@ def like(pattern):
 
 
 def build(root, lines):
-    """Makes a tree; yields when all is there that a run is to find: its arguments, and the call that fails in it."""
+    """Makes a tree; yields when all is there that a run is to find: its arguments, and the calls that fail in it."""
     def new(path):
         path = root + path.replace(HOST_UNITS, b"/../units", 1)
         os.makedirs(os.path.dirname(path), exist_ok=True)
@@ -48,7 +49,6 @@ def build(root, lines):
             (shutil.rmtree if os.path.isdir(path) and not os.path.islink(path) else os.remove)(path)
         return path
 
-    os.umask(0o022)
     archives, root, inject = {}, os.fsencode(root), ""
     write = lambda path, content: Path(os.fsdecode(new(path))).write_bytes(content)
     make = {"link": lambda path, target: os.symlink(target, new(path)), "file": write,
