@@ -36,7 +36,7 @@ def read(path):
 
 
 def like(pattern):
-    """Of a line, in which an ellipsis stands for anything."""
+    """The expression of a line in which an ellipsis stands for anything."""
     return re.compile(".*".join(map(re.escape, pattern.split("\u2026"))))
 
 
